@@ -1,0 +1,27 @@
+# Flags that every target of the project shares, and the one way to declare a layer.
+
+add_library(JotwellFlags INTERFACE)
+target_compile_options(JotwellFlags INTERFACE -Wall -Wextra -Wpedantic)
+target_compile_definitions(JotwellFlags INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_STRICT_ITERATORS)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # g++ 12 sees uninitialised members in every std::optional that it inlines into a sort.
+    target_compile_options(JotwellFlags INTERFACE -Wno-maybe-uninitialized)
+endif()
+if(JOTWELL_WARNINGS_AS_ERRORS)
+    target_compile_options(JotwellFlags INTERFACE -Werror)
+endif()
+if(JOTWELL_SANITIZERS)
+    target_compile_options(JotwellFlags INTERFACE
+        -fsanitize=${JOTWELL_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    target_link_options(JotwellFlags INTERFACE -fsanitize=${JOTWELL_SANITIZERS})
+endif()
+
+# jotwell_layer(NAME SOURCES ... BELOW ...): a static library whose headers are included as
+# "Layer/Name.h". It sees only the layers and libraries named after BELOW.
+function(jotwell_layer name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;BELOW" ${ARGN})
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+    target_link_libraries(${name} PUBLIC ${ARG_BELOW} PRIVATE JotwellFlags)
+endfunction()
