@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Models/Command.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace jotwell {
+
+// What a command takes out of the raw text of the capture window. Pure; any thread.
+
+/// The first command, in the order of the commands, whose raw value the text contains.
+[[nodiscard]] std::optional<Command> findCommand(QStringView text);
+
+/// The name of a template behind the first "$". Word characters, blanks, line ends and hyphens all
+/// count to it, so further words behind the name make another one.
+[[nodiscard]] std::optional<QString> templateNameIn(QStringView text);
+
+/// The name of a folder behind the first "$", by the same rule.
+[[nodiscard]] std::optional<QString> folderNameIn(QStringView text);
+
+} // namespace jotwell

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Models/NoteSearchResult.h"
+#include "Models/ObsidianTemplate.h"
+#include "Services/ObsidianError.h"
+#include "Support/AtomicFile.h"
+#include "Support/Result.h"
+
+#include <QCoroTask>
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace jotwell {
+
+class SettingsService;
+class ToastManager;
+struct Platform;
+
+/// The vault as a place for notes: writes them, lists the recent ones and the folders, opens one in
+/// Obsidian. An operation that fails has told the user by a toast when it comes back. Main thread;
+/// the work on files is done in the background.
+class ObsidianService {
+public:
+    using Notes = Result<NoteSearchResults, NoteError>;
+
+    ObsidianService(const Platform& platform, SettingsService& settings, ToastManager& toasts);
+    [[nodiscard]] static ObsidianService& shared();
+
+    /// Writes the note in `text`, command and parameter and all, as a new file in the vault.
+    /// Without a template it takes the last used one. A file of the same name is replaced.
+    QCoro::Task<Result<void, NoteError>> createNote(QString text,
+                                                    std::optional<ObsidianTemplate> noteTemplate);
+
+    /// The notes of the whole vault that changed last, as many as the settings say.
+    QCoro::Task<Notes> getRecentNotes();
+    /// The same below one top-level folder; the whole vault for none, for "All Folders", and, with
+    /// a warning, for a folder that isn't there.
+    QCoro::Task<Notes> getRecentNotesInTopFolder(std::optional<QString> folder);
+
+    /// Names of the vault's top-level folders, sorted by code point. Blocks; any thread.
+    [[nodiscard]] QStringList listVaultFolders() const;
+
+    /// Hands the note to Obsidian by its URL scheme.
+    QCoro::Task<void> openNoteInObsidian(NoteSearchResult note);
+
+private:
+    QCoro::Task<Result<QString, NoteError>> readableVault();
+
+    const Platform& m_platform;
+    SettingsService& m_settings;
+    ToastManager& m_toasts;
+    AtomicFile m_files;
+};
+
+} // namespace jotwell

@@ -1,0 +1,152 @@
+#include "Services/TemplateSyncService.h"
+
+#include "Models/Uuid.h"
+#include "Platform/Platform.h"
+#include "Services/SettingsService.h"
+#include "Services/VaultFolder.h"
+#include "Support/Background.h"
+#include "Support/FileText.h"
+#include "Support/TextUnits.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+
+#include <algorithm>
+#include <utility>
+
+namespace jotwell {
+
+namespace {
+
+const QString extension = QStringLiteral(".md");
+
+// By the path alone, so that it survives edits and restarts.
+QUuid identifierOf(const QString& path)
+{
+    const QByteArray hash = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256);
+    return QUuid::fromRfc4122(QByteArrayView(hash).first(16));
+}
+
+ObsidianTemplates templatesIn(const QString& folder, const QHash<QString, bool>& preferences)
+{
+    ObsidianTemplates templates;
+    if (folder.isEmpty())
+        return templates;
+    const QDir listed(QDir::cleanPath(QDir(folder).absolutePath()));
+    const auto everything = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    for (const QString& entry : listed.entryList(everything, QDir::Unsorted)) {
+        if (!entry.endsWith(extension))
+            continue;
+        const QString path = pathBelow(listed.path(), entry);
+        const auto content = readTextFile(path);
+        if (!content)
+            continue;
+        const QUuid id = identifierOf(path);
+        templates.append({id, entry.chopped(extension.size()), *content,
+                          preferences.value(uuidString(id), true), TemplateType::synced(path)});
+    }
+    std::stable_sort(templates.begin(), templates.end(),
+                     [](const ObsidianTemplate& left, const ObsidianTemplate& right) {
+                         return precedesByCodePoint(left.name, right.name);
+                     });
+    return templates;
+}
+
+} // namespace
+
+QString TemplateSyncError::errorDescription() const
+{
+    return QStringLiteral("Template is not synced with a file");
+}
+
+TemplateSyncService::TemplateSyncService(const Platform& platform, SettingsService& settings)
+    : m_platform(platform), m_settings(settings), m_files(platform.files)
+{
+    loadSyncedTemplates();
+    startMonitoring();
+}
+
+ObsidianTemplates TemplateSyncService::syncedTemplates() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_syncedTemplates;
+}
+
+void TemplateSyncService::loadSyncedTemplates()
+{
+    ++m_loads;
+    setSyncedTemplates(
+        templatesIn(m_settings.templatesFolderPath(), m_settings.getSyncedTemplatePreferences()));
+}
+
+void TemplateSyncService::startMonitoring()
+{
+    const QString folder = m_settings.templatesFolderPath();
+    if (folder.isEmpty())
+        return;
+    stopMonitoring();
+    loadSyncedTemplates();
+    m_folderMonitor =
+        std::make_unique<FileSystemMonitor>(m_platform.folders, folder, [this] { reload(); });
+    m_folderMonitor->start();
+}
+
+void TemplateSyncService::stopMonitoring()
+{
+    if (m_folderMonitor)
+        m_folderMonitor->stop();
+}
+
+// A change in the folder. The files are read in the background, one reading at a time however many
+// changes come in, and a reading that a newer load has overtaken doesn't count.
+void TemplateSyncService::reload()
+{
+    if (m_isReloading) {
+        m_reloadsAgain = true;
+        return;
+    }
+    m_isReloading = true;
+    auto work = [folder = m_settings.templatesFolderPath(),
+                 preferences = m_settings.getSyncedTemplatePreferences()] {
+        return templatesIn(folder, preferences);
+    };
+    QCoro::connect(inBackground(m_platform.background, std::move(work)), this,
+                   [this, load = ++m_loads](const ObsidianTemplates& templates) {
+                       if (load == m_loads)
+                           setSyncedTemplates(templates);
+                       m_isReloading = false;
+                       if (std::exchange(m_reloadsAgain, false))
+                           reload();
+                   });
+}
+
+Result<void, TemplateSaveError> TemplateSyncService::saveTemplate(const ObsidianTemplate& value)
+{
+    const auto& path = value.type.filePath();
+    if (!path)
+        return TemplateSaveError(TemplateSyncError());
+    if (const auto written = m_files.write(*path, value.content.toUtf8()); !written)
+        return TemplateSaveError(written.error());
+    ObsidianTemplates templates = syncedTemplates();
+    const auto saved =
+        std::find_if(templates.begin(), templates.end(),
+                     [&value](const ObsidianTemplate& each) { return each.id == value.id; });
+    if (saved != templates.end()) {
+        *saved = value;
+        setSyncedTemplates(templates);
+    }
+    return {};
+}
+
+void TemplateSyncService::setSyncedTemplates(ObsidianTemplates templates)
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (m_syncedTemplates == templates)
+            return;
+        m_syncedTemplates = std::move(templates);
+    }
+    emit syncedTemplatesChanged();
+}
+
+} // namespace jotwell

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Models/NoteSearchResult.h"
+#include "Services/ObsidianError.h"
+#include "Support/Result.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace jotwell {
+
+// What is read straight from the vault's folder tree, without the index. Blocking; any thread.
+
+/// Fails with `folderNotFound` or `invalidPath` unless a folder is there.
+[[nodiscard]] Result<void, ObsidianError> validateFolder(const QString& path);
+
+/// The `count` notes below `folder` that changed last, newest first. Hidden files and folders don't
+/// count, and what can't be read is passed over.
+[[nodiscard]] NoteSearchResults recentNotesBelow(const QString& folder, qsizetype count);
+
+/// Names of the folders directly below `folder`, links to folders among them, sorted by code point;
+/// none if it can't be listed.
+[[nodiscard]] QStringList topLevelFolders(const QString& folder);
+
+/// `name` below `folder`, with one slash between them.
+[[nodiscard]] QString pathBelow(const QString& folder, const QString& name);
+
+} // namespace jotwell
