@@ -1,0 +1,247 @@
+#include "Platform/qt/IniDefaultsStore.h"
+
+#include "Support/FileText.h"
+#include "Support/Logging.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QMutexLocker>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <sys/stat.h>
+
+namespace jotwell {
+
+namespace {
+
+const QString logCategory = QStringLiteral("Settings");
+
+bool isTruthText(const QString& text)
+{
+    return text == u"true" || text == u"false";
+}
+
+bool isWholeNumber(const QString& text)
+{
+    bool ok = false;
+    return QString::number(text.toLongLong(&ok)) == text && ok;
+}
+
+QMap<QString, QVariant> valuesOf(const QSettings& settings)
+{
+    QMap<QString, QVariant> values;
+    for (const QString& key : settings.allKeys())
+        values.insert(key, settings.value(key));
+    return values;
+}
+
+// QSettings counts a file that a full disk cut short as written, so what it wrote is read again,
+// under another name that its cache doesn't know, before anybody trusts it.
+std::optional<QByteArray> serialized(const QMap<QString, QVariant>& values)
+{
+    const QTemporaryDir scratch;
+    const QString written = scratch.filePath(QStringLiteral("written.ini"));
+    const QString checked = scratch.filePath(QStringLiteral("checked.ini"));
+    {
+        QSettings settings(written, QSettings::IniFormat);
+        for (auto each = values.begin(); each != values.end(); ++each)
+            settings.setValue(each.key(), each.value());
+    }
+    if (values.isEmpty())
+        return QByteArray();
+    if (!scratch.isValid() || !QFile::rename(written, checked))
+        return std::nullopt;
+    const QSettings settings(checked, QSettings::IniFormat);
+    const bool isComplete =
+        settings.status() == QSettings::NoError && settings.allKeys().size() == values.size();
+    const auto bytes = readFile(checked);
+    if (!isComplete || !bytes)
+        return std::nullopt;
+    for (auto each = values.begin(); each != values.end(); ++each) {
+        if (settings.value(each.key()).toByteArray() != each.value().toByteArray())
+            return std::nullopt;
+    }
+    return *bytes;
+}
+
+} // namespace
+
+IniDefaultsStore::IniDefaultsStore(QString filePath, FileCalls& files)
+    : m_filePath(std::move(filePath)), m_file(files)
+{
+}
+
+std::optional<QString> IniDefaultsStore::string(const QString& key) const
+{
+    const QVariant stored = value(key);
+    switch (stored.typeId()) {
+    case QMetaType::QString:
+    case QMetaType::LongLong:
+    case QMetaType::Bool:
+        return stored.toString();
+    default:
+        return std::nullopt;
+    }
+}
+
+std::optional<QByteArray> IniDefaultsStore::data(const QString& key) const
+{
+    const QVariant stored = value(key);
+    if (stored.typeId() != QMetaType::QByteArray)
+        return std::nullopt;
+    return stored.toByteArray();
+}
+
+qint64 IniDefaultsStore::integer(const QString& key) const
+{
+    const auto text = string(key);
+    if (text && isTruthText(*text))
+        return *text == u"true" ? 1 : 0;
+    return text ? text->trimmed().toLongLong() : 0;
+}
+
+bool IniDefaultsStore::boolean(const QString& key) const
+{
+    const QString text = string(key).value_or(QString()).trimmed().toLower();
+    return text == u"true" || text == u"yes" || text.toLongLong() != 0;
+}
+
+void IniDefaultsStore::setString(const QString& key, const std::optional<QString>& value)
+{
+    setValue(key, value ? QVariant(*value) : QVariant());
+}
+
+void IniDefaultsStore::setData(const QString& key, const QByteArray& value)
+{
+    setValue(key, value);
+}
+
+void IniDefaultsStore::setInteger(const QString& key, qint64 value)
+{
+    setValue(key, QVariant::fromValue(value));
+}
+
+void IniDefaultsStore::setBoolean(const QString& key, bool value)
+{
+    setValue(key, value);
+}
+
+void IniDefaultsStore::remove(const QString& key)
+{
+    setValue(key, QVariant());
+}
+
+QStringList IniDefaultsStore::keys() const
+{
+    const QMutexLocker lock(&m_mutex);
+    load();
+    return mergedValues().keys();
+}
+
+std::optional<DefaultsStore::ValueType> IniDefaultsStore::storedType(const QString& key) const
+{
+    const QVariant stored = value(key);
+    if (stored.typeId() == QMetaType::QByteArray)
+        return ValueType::data;
+    const auto text = string(key);
+    if (!text)
+        return std::nullopt;
+    // The file holds nothing but text: numbers and truth values are told by their form.
+    if (isTruthText(*text))
+        return ValueType::boolean;
+    return isWholeNumber(*text) ? ValueType::integer : ValueType::string;
+}
+
+QVariant IniDefaultsStore::value(const QString& key) const
+{
+    const QMutexLocker lock(&m_mutex);
+    load();
+    const auto unsaved = m_unsaved.find(key);
+    return unsaved == m_unsaved.end() ? m_fileValues.value(key) : *unsaved;
+}
+
+void IniDefaultsStore::setValue(const QString& key, const QVariant& value)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_unsaved.insert(key, value);
+    const QString folder = QFileInfo(m_filePath).absolutePath();
+    QDir().mkpath(QFileInfo(folder).absolutePath());
+    ::mkdir(QFile::encodeName(folder).constData(), S_IRWXU);
+    // Two programs that write at once must not undo one another's keys.
+    QLockFile fileLock(m_filePath + QStringLiteral(".lock"));
+    fileLock.tryLock(std::chrono::milliseconds(500));
+    load();
+    if (save(mergedValues()))
+        m_unsaved.clear();
+}
+
+void IniDefaultsStore::load() const
+{
+    const FileIdentity identity = identityOnDisk();
+    if (identity == m_identity)
+        return;
+    m_identity = identity;
+    m_fileValues.clear();
+    m_isDamaged = false;
+    if (identity.size < 0)
+        return;
+    const QSettings settings(m_filePath, QSettings::IniFormat);
+    m_fileValues = valuesOf(settings);
+    m_isDamaged = settings.status() == QSettings::FormatError;
+}
+
+IniDefaultsStore::Values IniDefaultsStore::mergedValues() const
+{
+    Values merged = m_fileValues;
+    for (auto each = m_unsaved.begin(); each != m_unsaved.end(); ++each) {
+        if (each->isValid())
+            merged.insert(each.key(), *each);
+        else
+            merged.remove(each.key());
+    }
+    return merged;
+}
+
+bool IniDefaultsStore::save(const Values& values)
+{
+    const auto bytes = serialized(values);
+    if (!bytes) {
+        logError(logCategory, QStringLiteral("The settings can't be written: no room for them"));
+        return false;
+    }
+    keepDamagedFile();
+    const auto written = m_file.write(m_filePath, *bytes, AtomicFile::Permissions::ownerOnly);
+    if (!written) {
+        logError(logCategory,
+                 QStringLiteral("The settings can't be written: ") + written.error().description());
+        return false;
+    }
+    m_fileValues = values;
+    m_identity = identityOnDisk();
+    m_isDamaged = false;
+    return true;
+}
+
+// What couldn't be read may still be worth something to its owner.
+void IniDefaultsStore::keepDamagedFile() const
+{
+    if (!m_isDamaged)
+        return;
+    if (const auto bytes = readFile(m_filePath))
+        static_cast<void>(m_file.write(m_filePath + QStringLiteral(".damaged"), *bytes,
+                                       AtomicFile::Permissions::ownerOnly));
+}
+
+IniDefaultsStore::FileIdentity IniDefaultsStore::identityOnDisk() const
+{
+    struct stat status = {};
+    if (::stat(QFile::encodeName(m_filePath).constData(), &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
+    return {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec,
+            status.st_mtim.tv_nsec};
+}
+
+} // namespace jotwell

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "Platform/DefaultsStore.h"
+#include "Support/AtomicFile.h"
+
+#include <QMap>
+#include <QMutex>
+#include <QVariant>
+
+namespace jotwell {
+
+/// The settings as an INI file of QSettings, private to the user. A reading never writes. A write
+/// replaces the file whole; if that fails, the value holds for the life of the process and goes out
+/// with the next write that succeeds. Changes that other programs make are seen at the next read.
+class IniDefaultsStore : public DefaultsStore {
+public:
+    /// `filePath` and its folder need not exist.
+    IniDefaultsStore(QString filePath, FileCalls& files);
+
+    [[nodiscard]] std::optional<QString> string(const QString& key) const override;
+    [[nodiscard]] std::optional<QByteArray> data(const QString& key) const override;
+    [[nodiscard]] qint64 integer(const QString& key) const override;
+    [[nodiscard]] bool boolean(const QString& key) const override;
+
+    void setString(const QString& key, const std::optional<QString>& value) override;
+    void setData(const QString& key, const QByteArray& value) override;
+    void setInteger(const QString& key, qint64 value) override;
+    void setBoolean(const QString& key, bool value) override;
+    void remove(const QString& key) override;
+
+    [[nodiscard]] QStringList keys() const override;
+    [[nodiscard]] std::optional<ValueType> storedType(const QString& key) const override;
+
+private:
+    using Values = QMap<QString, QVariant>;
+
+    /// What tells one state of the file from the next without reading it.
+    struct FileIdentity {
+        quint64 device = 0, inode = 0;
+        qint64 size = -1, seconds = 0, nanoseconds = 0;
+        bool operator==(const FileIdentity&) const = default;
+    };
+
+    [[nodiscard]] QVariant value(const QString& key) const;
+    void setValue(const QString& key, const QVariant& value);
+    void load() const;
+    [[nodiscard]] Values mergedValues() const;
+    [[nodiscard]] bool save(const Values& values);
+    void keepDamagedFile() const;
+    [[nodiscard]] FileIdentity identityOnDisk() const;
+
+    const QString m_filePath;
+    const AtomicFile m_file;
+    mutable QMutex m_mutex;
+    mutable Values m_fileValues;
+    mutable FileIdentity m_identity;
+    mutable bool m_isDamaged = false;
+    Values m_unsaved; ///< an invalid value stands for a removed key
+};
+
+} // namespace jotwell
