@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Platform/DefaultsStore.h"
+
+#include <QMap>
+#include <QVariant>
+
+namespace jotwell {
+
+/// Settings in memory, with the types they were stored with.
+class FakeDefaultsStore : public DefaultsStore {
+public:
+    [[nodiscard]] std::optional<QString> string(const QString& key) const override;
+    [[nodiscard]] std::optional<QByteArray> data(const QString& key) const override;
+    [[nodiscard]] qint64 integer(const QString& key) const override;
+    [[nodiscard]] bool boolean(const QString& key) const override;
+
+    void setString(const QString& key, const std::optional<QString>& value) override;
+    void setData(const QString& key, const QByteArray& value) override;
+    void setInteger(const QString& key, qint64 value) override;
+    void setBoolean(const QString& key, bool value) override;
+    void remove(const QString& key) override;
+
+    [[nodiscard]] QStringList keys() const override { return m_values.keys(); }
+    [[nodiscard]] std::optional<ValueType> storedType(const QString& key) const override;
+
+private:
+    QMap<QString, QVariant> m_values;
+};
+
+} // namespace jotwell
