@@ -76,7 +76,8 @@ Result<QString, SystemError> readTextFile(const QString& path)
     const auto bytes = readFile(path);
     if (!bytes)
         return bytes.error();
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless |
+                                                     QStringDecoder::Flag::ConvertInitialBom);
     QString text = decoder.decode(*bytes);
     if (decoder.hasError())
         return SystemError{EILSEQ};

@@ -21,9 +21,8 @@ struct RegexMatch {
     [[nodiscard]] TextRange range() const { return *groups.front(); }
 };
 
-/// A compiled regular expression in the ICU dialect. A search in a limited range sees neither the
-/// text before nor the text behind it: `^`, `$` and `\b` hold at the range's ends. May be used from
-/// any thread.
+/// A compiled regular expression in the ICU dialect. A search in a limited range doesn't see the
+/// text behind it, and `^`, `$` and `\b` hold at the range's ends. May be used from any thread.
 class IcuRegex {
 public:
     /// Gives nothing if the pattern doesn't compile.

@@ -1,0 +1,276 @@
+#include "Platform/qt/IniDefaultsStore.h"
+
+#include "Fakes/FailingFileCalls.h"
+#include "Support/FileText.h"
+#include "Support/Logging.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+#include <sys/stat.h>
+
+namespace jotwell {
+
+namespace {
+
+using ValueType = DefaultsStore::ValueType;
+
+class IniDefaultsStoreTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        setLogSink([this](const LogRecord& record) { m_log.append(record.message); });
+    }
+    void TearDown() override { setLogSink({}); }
+
+    [[nodiscard]] QString path() const
+    {
+        return m_folder.filePath(QStringLiteral("com.jotwell/Jotwell.ini"));
+    }
+
+    void put(const QByteArray& bytes) const
+    {
+        QDir(m_folder.path()).mkdir(QStringLiteral("com.jotwell"));
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    [[nodiscard]] QByteArray bytes() const
+    {
+        const auto read = readFile(path());
+        return read ? *read : QByteArray("(nothing)");
+    }
+
+    const QString key = QStringLiteral("Key");
+    QTemporaryDir m_folder;
+    FailingFileCalls m_calls;
+    QStringList m_log;
+    IniDefaultsStore m_store{path(), m_calls};
+};
+
+TEST_F(IniDefaultsStoreTest, AnEmptyStoreReadsAsAbsentAndWritesNothing)
+{
+    EXPECT_FALSE(m_store.string(key));
+    EXPECT_FALSE(m_store.data(key));
+    EXPECT_EQ(m_store.integer(key), 0);
+    EXPECT_FALSE(m_store.boolean(key));
+    EXPECT_FALSE(m_store.storedType(key));
+    EXPECT_EQ(m_store.keys(), QStringList());
+    EXPECT_FALSE(QFile::exists(path()));
+}
+
+TEST_F(IniDefaultsStoreTest, EveryTypeSurvivesAnotherProcess)
+{
+    const QString text = QStringLiteral("/v/a, b;c=d \"e\" \\ \u00e4\U0001F600\n@x%20 ");
+    const QByteArray data = QByteArray("\0\xff{\"a\":1}\n,;", 13);
+    m_store.setString(QStringLiteral("Text"), text);
+    m_store.setString(QStringLiteral("Empty"), QString());
+    m_store.setString(QStringLiteral("At"), QStringLiteral("@ByteArray(x)"));
+    m_store.setData(QStringLiteral("Data"), data);
+    m_store.setInteger(QStringLiteral("Number"), -1572864000000);
+    m_store.setBoolean(QStringLiteral("Truth"), true);
+
+    const IniDefaultsStore other(path(), m_calls);
+    EXPECT_EQ(other.string(QStringLiteral("Text")), text);
+    EXPECT_EQ(other.string(QStringLiteral("Empty")), QString());
+    EXPECT_EQ(other.string(QStringLiteral("At")), QStringLiteral("@ByteArray(x)"));
+    EXPECT_EQ(other.data(QStringLiteral("Data")), data);
+    EXPECT_EQ(other.integer(QStringLiteral("Number")), -1572864000000);
+    EXPECT_TRUE(other.boolean(QStringLiteral("Truth")));
+    EXPECT_EQ(other.storedType(QStringLiteral("Text")), ValueType::string);
+    EXPECT_EQ(other.storedType(QStringLiteral("Data")), ValueType::data);
+    EXPECT_EQ(other.storedType(QStringLiteral("Number")), ValueType::integer);
+    EXPECT_EQ(other.storedType(QStringLiteral("Truth")), ValueType::boolean);
+    EXPECT_EQ(other.keys().size(), 6);
+}
+
+TEST_F(IniDefaultsStoreTest, TheFileIsAnIniOfItsGeneralGroup)
+{
+    m_store.setString(key, QStringLiteral("value"));
+    EXPECT_EQ(bytes(), "[General]\nKey=value\n");
+}
+
+TEST_F(IniDefaultsStoreTest, FileAndFolderAreTheUsersAlone)
+{
+    m_store.setString(key, QStringLiteral("value"));
+    struct stat status = {};
+    ASSERT_EQ(::stat(qPrintable(path()), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0600U);
+    ASSERT_EQ(::stat(qPrintable(QFileInfo(path()).path()), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0700U);
+    ASSERT_EQ(::chmod(qPrintable(path()), 0644), 0);
+    m_store.setInteger(key, 1);
+    ASSERT_EQ(::stat(qPrintable(path()), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0600U);
+}
+
+TEST_F(IniDefaultsStoreTest, NothingButTheSettingsStaysInTheFolder)
+{
+    m_store.setString(key, QStringLiteral("value"));
+    m_store.remove(key);
+    EXPECT_EQ(QDir(QFileInfo(path()).path())
+                  .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList{QStringLiteral("Jotwell.ini")});
+    EXPECT_FALSE(m_store.string(key));
+    EXPECT_EQ(m_store.keys(), QStringList());
+}
+
+TEST_F(IniDefaultsStoreTest, NoTextRemovesTheKey)
+{
+    m_store.setString(key, QStringLiteral("value"));
+    m_store.setString(key, std::nullopt);
+    EXPECT_EQ(m_store.keys(), QStringList());
+}
+
+TEST_F(IniDefaultsStoreTest, AValueOfAnotherTypeIsAbsentOrConverted)
+{
+    m_store.setData(key, "abc");
+    EXPECT_FALSE(m_store.string(key));
+    EXPECT_EQ(m_store.integer(key), 0);
+    EXPECT_FALSE(m_store.boolean(key));
+    m_store.setString(key, QStringLiteral("abc"));
+    EXPECT_FALSE(m_store.data(key));
+    EXPECT_EQ(m_store.integer(key), 0);
+    EXPECT_FALSE(m_store.boolean(key));
+    m_store.setString(key, QStringLiteral(" 12 "));
+    EXPECT_EQ(m_store.integer(key), 12);
+    m_store.setInteger(key, 12);
+    EXPECT_EQ(m_store.string(key), QStringLiteral("12"));
+    EXPECT_TRUE(m_store.boolean(key));
+    m_store.setBoolean(key, true);
+    EXPECT_EQ(m_store.integer(key), 1);
+    m_store.setString(key, QStringLiteral("YES"));
+    EXPECT_TRUE(m_store.boolean(key));
+}
+
+TEST_F(IniDefaultsStoreTest, ListsAndOtherTypesOfAForeignHandAreAbsent)
+{
+    put("[General]\nKey=a, b\nPoint=@Point(1 2)\nGood=10\n");
+    EXPECT_FALSE(m_store.string(key));
+    EXPECT_FALSE(m_store.string(QStringLiteral("Point")));
+    EXPECT_EQ(m_store.integer(QStringLiteral("Good")), 10);
+}
+
+TEST_F(IniDefaultsStoreTest, AReadingNeverChangesTheFile)
+{
+    for (const QByteArray& content :
+         {QByteArray("[Gen\xff\xfe{{\n=\n\0garbage", 20), QByteArray("no settings at all"),
+          QByteArray(), QByteArray("[General]\nKey=\"unclosed\nOther")}) {
+        put(content);
+        IniDefaultsStore store(path(), m_calls);
+        EXPECT_EQ(store.integer(QStringLiteral("RecentFilesCount")), 0);
+        static_cast<void>(store.string(key));
+        static_cast<void>(store.keys());
+        EXPECT_EQ(bytes(), content);
+    }
+}
+
+TEST_F(IniDefaultsStoreTest, AWriteOverADamagedFileKeepsItAside)
+{
+    const QByteArray damaged = "[General]\nGood=1\nthis line is none\n";
+    put(damaged);
+    m_store.setInteger(key, 2);
+    EXPECT_EQ(m_store.integer(key), 2);
+    EXPECT_EQ(m_store.integer(QStringLiteral("Good")), 1);
+    const auto kept = readFile(path() + QStringLiteral(".damaged"));
+    ASSERT_TRUE(kept);
+    EXPECT_EQ(*kept, damaged);
+}
+
+TEST_F(IniDefaultsStoreTest, ValuesThatCannotBeWrittenHoldForTheProcess)
+{
+    m_store.setInteger(QStringLiteral("Before"), 1);
+    m_calls.failAt(2, ENOSPC);
+    m_store.setInteger(key, 5);
+    EXPECT_EQ(m_store.integer(key), 5);
+    EXPECT_EQ(m_store.integer(QStringLiteral("Before")), 1);
+    EXPECT_EQ(bytes(), "[General]\nBefore=1\n");
+    ASSERT_EQ(m_log.size(), 1);
+    EXPECT_EQ(m_log.first(),
+              QStringLiteral("The settings can't be written: No space left on device"));
+
+    m_calls.failAt(std::nullopt, 0);
+    m_store.setInteger(QStringLiteral("After"), 2);
+    EXPECT_EQ(IniDefaultsStore(path(), m_calls).integer(key), 5);
+}
+
+TEST_F(IniDefaultsStoreTest, AFolderInThePlaceOfTheFileIsNoEnd)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkpath(QStringLiteral("com.jotwell/Jotwell.ini/x")));
+    EXPECT_EQ(m_store.integer(key), 0);
+    m_store.setInteger(key, 5);
+    EXPECT_EQ(m_store.integer(key), 5);
+    EXPECT_TRUE(QFileInfo(path()).isDir());
+}
+
+TEST_F(IniDefaultsStoreTest, APipeInThePlaceOfTheFileDoesNotHang)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("com.jotwell")));
+    ASSERT_EQ(::mkfifo(qPrintable(path()), 0600), 0);
+    EXPECT_EQ(m_store.integer(key), 0);
+    m_store.setInteger(key, 5);
+    EXPECT_EQ(m_store.integer(key), 5);
+}
+
+TEST_F(IniDefaultsStoreTest, AnotherProgramsChangeIsSeenAtTheNextRead)
+{
+    m_store.setInteger(key, 1);
+    EXPECT_EQ(m_store.integer(key), 1);
+    IniDefaultsStore other(path(), m_calls);
+    other.setInteger(key, 2);
+    other.setString(QStringLiteral("More"), QStringLiteral("x"));
+    EXPECT_EQ(m_store.integer(key), 2);
+    m_store.setInteger(QStringLiteral("Own"), 3);
+    EXPECT_EQ(other.string(QStringLiteral("More")), QStringLiteral("x"));
+    EXPECT_EQ(other.integer(QStringLiteral("Own")), 3);
+}
+
+TEST_F(IniDefaultsStoreTest, QuickChangesOfEqualSizeAreAllSeen)
+{
+    const IniDefaultsStore reader(path(), m_calls);
+    for (int round = 0; round < 200; ++round) {
+        m_store.setInteger(key, round % 10);
+        ASSERT_EQ(m_store.integer(key), round % 10);
+        ASSERT_EQ(reader.integer(key), round % 10);
+    }
+}
+
+TEST_F(IniDefaultsStoreTest, FiftyMegabytesAreAValueLikeAnyOther)
+{
+    const QByteArray large(50'000'000, 'x');
+    m_store.setData(key, large);
+    m_store.setInteger(QStringLiteral("Small"), 1);
+    const IniDefaultsStore other(path(), m_calls);
+    EXPECT_TRUE(other.data(key) == large);
+    EXPECT_EQ(other.integer(QStringLiteral("Small")), 1);
+}
+
+TEST_F(IniDefaultsStoreTest, ThreadsMayReadAndWriteAtOnce)
+{
+    std::vector<std::unique_ptr<QThread>> threads;
+    for (int each = 0; each < 4; ++each) {
+        threads.emplace_back(QThread::create([this, each] {
+            for (int round = 0; round < 20; ++round) {
+                m_store.setInteger(QString::number(each), round);
+                static_cast<void>(m_store.keys());
+            }
+        }));
+        threads.back()->start();
+    }
+    for (const auto& thread : threads)
+        thread->wait();
+    for (int each = 0; each < 4; ++each)
+        EXPECT_EQ(m_store.integer(QString::number(each)), 19);
+}
+
+} // namespace
+
+} // namespace jotwell
