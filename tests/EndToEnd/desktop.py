@@ -1,0 +1,226 @@
+"""A private desktop without a screen, and the program on it, driven by real key events."""
+
+import ctypes
+import glob
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+from processes import PATIENCE, Process, wait_until
+
+# No folder of services: those of this machine must not answer on a private desktop. What a test
+# wants of them it names.
+_BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC
+ "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:dir={runtime}</listen>
+  <servicedir>{services}</servicedir>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+"""
+
+
+class Desktop:
+    """`with Desktop() as desktop:` gives an X server, a session bus, a window manager and a
+    compositor, as far as they are wanted, and a home with an empty vault. All of it is private, in
+    one temporary folder, and gone with the end of the block, or of the test by whatever means."""
+
+    def __init__(self, *, bus=True, window_manager=True, compositor=True, bus_services=()):
+        self._wants_bus = bus
+        self._wants_window_manager = window_manager
+        self._wants_compositor = compositor
+        self._bus_services = bus_services
+        self._processes = []
+
+    def __enter__(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="jotwell-"))
+        self.vault = self._make_folder("vault")
+        self.environment = {
+            "HOME": str(self._make_folder("home")),
+            "XDG_CACHE_HOME": str(self._make_folder("cache")),
+            "XDG_CONFIG_HOME": str(self._make_folder("config")),
+            "XDG_DATA_HOME": str(self._make_folder("data")),
+            "XDG_RUNTIME_DIR": str(self._make_folder("runtime")),
+            "PATH": "/usr/local/bin:/usr/bin:/bin",
+            "LC_ALL": "C.UTF-8",
+            "TZ": "UTC",
+        }
+        try:
+            self._start()
+        except BaseException:
+            self.__exit__(*sys.exc_info())
+            raise
+        return self
+
+    def __exit__(self, kind, *_):
+        if kind and not issubclass(kind, (KeyboardInterrupt, unittest.SkipTest)):
+            self._tell_what_happened()
+        for process in reversed(self._processes):
+            process.stop()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    # What runs on it
+
+    def spawn(self, name, command, *, pass_fds=(), **environment):
+        process = Process(name, command, self.environment | environment, self.folder, pass_fds)
+        self._processes.append(process)
+        return process
+
+    def start_program(self, *, clock=None, **environment):
+        """Starts Jotwell; with `clock`, time stands still at that moment for it."""
+        for name in "ASAN_OPTIONS", "LSAN_OPTIONS", "TSAN_OPTIONS", "UBSAN_OPTIONS":
+            environment.setdefault(name, os.environ.get(name, ""))
+        if clock:
+            environment |= _standing_clock(clock)
+            # The clock is preloaded, before the sanitizer's own library.
+            environment["ASAN_OPTIONS"] += ":verify_asan_link_order=0"
+        return self.spawn("jotwell", [program()], **environment)
+
+    def write_settings(self, **settings):
+        folder = Path(self.environment["XDG_CONFIG_HOME"]) / "com.jotwell"
+        folder.mkdir(mode=0o700, exist_ok=True)
+        lines = [f"{name}={value}" for name, value in settings.items()]
+        (folder / "Jotwell.ini").write_text("\n".join(["[General]", *lines, ""]))
+
+    def notes(self):
+        """The path of every file and folder in the vault, hidden ones too."""
+        return sorted(self.vault.rglob("*"))
+
+    # Hands and eyes
+
+    def ask(self, *command):
+        """The output of a command on this desktop, whatever its exit status."""
+        return subprocess.run(command, env=self.environment, capture_output=True, text=True,
+                              timeout=PATIENCE).stdout.strip()
+
+    def visible_windows(self):
+        return self.ask("xdotool", "search", "--onlyvisible", "--name", "^Jotwell$").split()
+
+    def wait_for_window(self):
+        """Waits until the capture window is on the screen and has the keyboard."""
+        wait_until(self.visible_windows, "the capture window")
+        wait_until(lambda: self.ask("xdotool", "getwindowfocus") in self.visible_windows(),
+                   "the keyboard in the capture window")
+
+    def wait_for_no_window(self):
+        wait_until(lambda: not self.visible_windows(), "no capture window")
+
+    def owns_name(self, name):
+        return "true" in self.ask(
+            "dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
+            "org.freedesktop.DBus.NameHasOwner", f"string:{name}")
+
+    def type_text(self, text):
+        self.ask("xdotool", "type", "--delay", "10", "--", text)
+
+    def press(self, *keys):
+        self.ask("xdotool", "key", *keys)
+
+    def screenshot(self, path):
+        self.ask("import", "-window", "root", str(path))
+
+    def share_of(self, is_wanted):
+        """How much of the screen, from 0 to 1, has a wanted colour, asked as (red, green, blue)."""
+        shot = subprocess.run(
+            ["import", "-window", "root", "-depth", "8", "rgb:-"],
+            env=self.environment, capture_output=True, timeout=PATIENCE, check=True).stdout
+        pixels = [tuple(shot[i:i + 3]) for i in range(0, len(shot), 3 * 17)]  # one in 17 will do
+        return sum(map(is_wanted, pixels)) / len(pixels)
+
+    def wait_for_banner(self, is_its_colour):
+        """Waits for a toast of that colour, which takes a thirtieth of the screen or more."""
+        wait_until(lambda: self.share_of(is_its_colour) > 0.03, "the banner of a toast")
+
+    # How it comes and goes
+
+    def _make_folder(self, name):
+        path = self.folder / name
+        path.mkdir(mode=0o700)
+        return path
+
+    def _start(self):
+        number = self._spawn_and_read("Xvfb", lambda pipe: [
+            "Xvfb", "-displayfd", pipe, "-screen", "0", "1280x800x24", "-noreset",
+            "-nolisten", "tcp"])
+        self.environment["DISPLAY"] = f":{number}"
+        if self._wants_bus:
+            self._start_bus()
+        if self._wants_window_manager:
+            self.spawn("openbox", ["openbox", "--sm-disable"])
+            check = "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"
+            wait_until(lambda: "window id" in self.ask(*check), "the window manager")
+        if self._wants_compositor:
+            self.spawn("picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
+            wait_until(self._has_compositor, "the compositor")
+
+    def _start_bus(self):
+        services = self._make_folder("services")
+        for service in self._bus_services:
+            (services / service.name).symlink_to(service)
+        configuration = self.folder / "bus.conf"
+        configuration.write_text(_BUS_CONFIGURATION.format(
+            runtime=self.environment["XDG_RUNTIME_DIR"], services=services))
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._spawn_and_read(
+            "dbus-daemon", lambda pipe: [
+                "dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile",
+                f"--print-address={pipe}"])
+
+    def _spawn_and_read(self, name, command):
+        """Starts what tells in one line on a pipe that it is ready, and gives that line."""
+        reader, writer = os.pipe()
+        self.spawn(name, command(str(writer)), pass_fds=[writer])
+        os.close(writer)
+        with open(reader) as pipe:
+            line = pipe.readline().strip()
+        if not line:
+            raise AssertionError(f"{name} doesn't start")
+        return line
+
+    def _has_compositor(self):
+        x11 = ctypes.CDLL("libX11.so.6")
+        x11.XOpenDisplay.restype = ctypes.c_void_p
+        display = ctypes.c_void_p(x11.XOpenDisplay(self.environment["DISPLAY"].encode()))
+        atom = x11.XInternAtom(display, b"_NET_WM_CM_S0", False)
+        owner = x11.XGetSelectionOwner(display, atom)
+        x11.XCloseDisplay(display)
+        return owner != 0
+
+    def _tell_what_happened(self):
+        for name in dict.fromkeys(process.name for process in self._processes):
+            process = next(each for each in self._processes if each.name == name)
+            print(f"--- {name}\n{process.output()}", file=sys.stderr)
+        print("--- vault", *self.notes(), sep="\n", file=sys.stderr)
+        if "DISPLAY" in self.environment and "JOTWELL_ARTIFACTS" in os.environ:
+            picture = Path(os.environ["JOTWELL_ARTIFACTS"]) / f"{Path(sys.argv[0]).stem}.png"
+            self.screenshot(picture)
+            print(f"--- the screen: {picture}", file=sys.stderr)
+
+
+def is_green(colour):
+    red, green, blue = colour
+    return green > 150 and green > red + 60 and green > blue + 60
+
+
+def is_red(colour):
+    red, green, blue = colour
+    return red > 150 and red > green + 60 and red > blue + 60
+
+
+def program():
+    return os.environ["JOTWELL_PROGRAM"]
+
+
+def _standing_clock(moment):
+    [library] = glob.glob("/usr/lib/*/faketime/libfaketimeMT.so.1")
+    return {"LD_PRELOAD": library, "FAKETIME": moment, "FAKETIME_DONT_FAKE_MONOTONIC": "1",
+            "DONT_FAKE_MONOTONIC": "1", "NO_FAKE_STAT": "1"}

@@ -1,0 +1,67 @@
+"""Children that can't outlive a test, and waiting for what they do."""
+
+import ctypes
+import os
+import signal
+import subprocess
+import time
+
+PATIENCE = 30  # seconds: far more than anything here takes, sanitizers and a busy machine included
+
+
+def wait_until(predicate, what, patience=PATIENCE):
+    """Asks until the answer is true, and gives that answer."""
+    deadline = time.monotonic() + patience
+    while True:
+        answer = predicate()
+        if answer:
+            return answer
+        if time.monotonic() > deadline:
+            raise AssertionError(f"{what}: not within {patience} s")
+        time.sleep(0.02)
+
+
+_libc = ctypes.CDLL(None)
+
+
+def _die_with_parent():
+    _libc.prctl(1, signal.SIGKILL)  # PR_SET_PDEATHSIG
+
+
+class Process:
+    """A child in a process group of its own, with its output in files."""
+
+    def __init__(self, name, command, environment, folder, pass_fds=()):
+        self.name = name
+        self._output = [folder / f"{name}.{stream}" for stream in ("out", "err")]
+        with open(self._output[0], "ab") as out, open(self._output[1], "ab") as err:
+            self._popen = subprocess.Popen(
+                command, env=environment, cwd=folder, stdin=subprocess.DEVNULL, stdout=out,
+                stderr=err, pass_fds=pass_fds, start_new_session=True, preexec_fn=_die_with_parent)
+
+    def output(self):
+        """All that children of this name have written."""
+        return "".join(file.read_text(errors="replace") for file in self._output)
+
+    def errors(self):
+        """What they have written to standard error."""
+        return self._output[1].read_text(errors="replace")
+
+    def is_running(self):
+        return self._popen.poll() is None
+
+    def send(self, number):
+        self._popen.send_signal(number)
+
+    def exit_status(self):
+        """Waits for the end; negative for a signal."""
+        return self._popen.wait(PATIENCE)
+
+    def stop(self):
+        """Ends the whole group, by force if need be."""
+        for number, patience in ((signal.SIGTERM, 3), (signal.SIGKILL, PATIENCE)):
+            try:
+                os.killpg(self._popen.pid, number)
+                self._popen.wait(patience)
+            except (ProcessLookupError, subprocess.TimeoutExpired):
+                pass
