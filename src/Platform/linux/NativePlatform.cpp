@@ -1,0 +1,48 @@
+#include "Platform/NativePlatform.h"
+
+#include "Platform/linux/DBusInstanceDoor.h"
+#include "Platform/linux/InotifyFolderWatcher.h"
+#include "Platform/linux/PosixFileCalls.h"
+#include "Platform/linux/TrayStatusItem.h"
+#include "Platform/linux/UnixTerminationSignals.h"
+#include "Platform/linux/XcbWindowSystem.h"
+#include "Platform/linux/XdgWorkspace.h"
+
+namespace jotwell {
+
+std::unique_ptr<InstanceDoor> makeInstanceDoor()
+{
+    return std::make_unique<DBusInstanceDoor>();
+}
+
+std::unique_ptr<FileCalls> makeFileCalls()
+{
+    return std::make_unique<PosixFileCalls>();
+}
+
+std::unique_ptr<FolderWatcher> makeFolderWatcher()
+{
+    return std::make_unique<InotifyFolderWatcher>();
+}
+
+std::unique_ptr<Workspace> makeWorkspace()
+{
+    return std::make_unique<XdgWorkspace>();
+}
+
+std::unique_ptr<WindowSystem> makeWindowSystem()
+{
+    return std::make_unique<XcbWindowSystem>();
+}
+
+std::unique_ptr<TerminationSignals> makeTerminationSignals()
+{
+    return std::make_unique<UnixTerminationSignals>();
+}
+
+std::unique_ptr<StatusItem> makeStatusItem(const QIcon& icon, const QString& description)
+{
+    return std::make_unique<TrayStatusItem>(icon, description);
+}
+
+} // namespace jotwell

@@ -1,0 +1,73 @@
+#include "Platform/linux/UnixTerminationSignals.h"
+
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace jotwell {
+
+namespace {
+
+constexpr std::array handledSignals{SIGTERM, SIGINT, SIGHUP};
+
+std::atomic<int> requestDescriptor{-1};
+static_assert(std::atomic<int>::is_always_lock_free, "used in a signal handler");
+
+// Only what is safe at any point of the program: a write into a pipe that never blocks.
+void handleSignal(int number)
+{
+    const int savedError = errno;
+    const char byte = static_cast<char>(number);
+    [[maybe_unused]] const auto written = ::write(requestDescriptor.load(), &byte, 1);
+    errno = savedError;
+}
+
+void setHandler(void (*handler)(int))
+{
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    sigemptyset(&action.sa_mask);
+    for (const int number : handledSignals)
+        sigaction(number, &action, nullptr);
+}
+
+} // namespace
+
+UnixTerminationSignals::~UnixTerminationSignals()
+{
+    if (m_pipe[0] < 0)
+        return;
+    setHandler(SIG_DFL);
+    m_notifier.reset();
+    requestDescriptor = -1;
+    for (const int descriptor : m_pipe)
+        ::close(descriptor);
+}
+
+void UnixTerminationSignals::listen(std::function<void()> requested)
+{
+    m_requested = std::move(requested);
+    if (m_pipe[0] >= 0 || ::pipe2(m_pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    m_notifier = std::make_unique<QSocketNotifier>(m_pipe[0], QSocketNotifier::Read);
+    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
+                     [this] { readRequests(); });
+    requestDescriptor = m_pipe[1];
+    setHandler(handleSignal);
+}
+
+void UnixTerminationSignals::readRequests()
+{
+    std::array<char, 16> bytes{};
+    ssize_t count = 0;
+    while ((count = ::read(m_pipe[0], bytes.data(), bytes.size())) > 0) {
+        for (ssize_t i = 0; i < count; ++i)
+            m_requested();
+    }
+}
+
+} // namespace jotwell

@@ -1,0 +1,52 @@
+#include "Platform/linux/UnixTerminationSignals.h"
+
+#include "Platform/linux/ChildRoles.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+using namespace jotwell;
+
+namespace {
+
+class UnixTerminationSignalsOf : public testing::TestWithParam<int> {};
+
+} // namespace
+
+TEST_P(UnixTerminationSignalsOf, EndTheProgramOnItsOwnRoad)
+{
+    const auto child = startChild(ChildRole::awaitSignal);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return child->canReadLine(); }, 20000));
+    ::kill(static_cast<pid_t>(child->processId()), GetParam());
+    ASSERT_TRUE(child->waitForFinished(20000));
+    EXPECT_EQ(child->exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(child->exitCode(), endedByRequest);
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, UnixTerminationSignalsOf,
+                         testing::Values(SIGTERM, SIGINT, SIGHUP));
+
+TEST(UnixTerminationSignals, CallsOnALaterTurnOnceForEachRequest)
+{
+    UnixTerminationSignals terminationSignals;
+    int requests = 0;
+    terminationSignals.listen([&requests] { ++requests; });
+    ::raise(SIGTERM);
+    ::raise(SIGINT);
+    EXPECT_EQ(requests, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return requests == 2; }));
+}
+
+TEST(UnixTerminationSignals, GivesTheSignalsBackWhenItGoes)
+{
+    {
+        UnixTerminationSignals terminationSignals;
+        terminationSignals.listen([] {});
+    }
+    struct sigaction action = {};
+    sigaction(SIGTERM, nullptr, &action);
+    EXPECT_EQ(action.sa_handler, SIG_DFL);
+}
