@@ -1,0 +1,41 @@
+#include "Views/ViewBench.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+
+namespace jotwell {
+
+ViewBench::ViewBench(QObject* parent) : QObject(parent)
+{
+    settings.setObsidianFolderPath(vault.path());
+    connect(&toastManager, &ToastManager::shown, this, [this] { ++m_toastCount; });
+}
+
+// What is under way would come back to services that are gone.
+ViewBench::~ViewBench()
+{
+    do {
+        fake.background.waitForDone();
+        QCoreApplication::processEvents();
+    } while (fake.background.activeThreadCount() > 0);
+}
+
+int ViewBench::noteCount() const
+{
+    return static_cast<int>(QDir(vault.path()).entryList(QDir::Files).size());
+}
+
+void ViewBench::advance(int milliseconds)
+{
+    fake.scheduler.advance(std::chrono::milliseconds(milliseconds));
+}
+
+void ViewBench::compose(const QString& preedit, const QString& commit)
+{
+    QInputMethodEvent step(preedit, {});
+    step.setCommitString(commit);
+    QCoreApplication::sendEvent(QGuiApplication::focusObject(), &step);
+}
+
+} // namespace jotwell
