@@ -1,0 +1,149 @@
+#include "AppDelegate.h"
+
+#include "Platform/InstanceDoor.h"
+#include "Platform/Scheduler.h"
+#include "Platform/StatusItem.h"
+#include "Platform/TerminationSignals.h"
+#include "Services/CommandService.h"
+#include "Services/SettingsService.h"
+#include "Services/ToastManager.h"
+#include "Support/Logging.h"
+#include "Views/FloatingWindow.h"
+#include "Views/FloatingWindowView.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QThreadPool>
+
+namespace jotwell {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto idlePollInterval = 5ms;
+// Two turns: a result that has just arrived may make its receiver start the next piece of work.
+constexpr int idleTurnsNeeded = 2;
+// A file system that doesn't answer any more must not keep the program alive for ever.
+constexpr int idleTurnsAtMost = 30s / idlePollInterval;
+
+} // namespace
+
+AppDelegate::AppDelegate(Desktop desktop, Scheduler& scheduler, QThreadPool& background)
+    : m_desktop(desktop), m_scheduler(scheduler), m_background(background),
+      m_settings(SettingsService::shared())
+{
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    setupTermination();
+    if (!m_settings.onboardingCompleted())
+        showOnboarding();
+    m_desktop.statusItem.setAction([this] { toggleFloatingWindow(); });
+    m_desktop.door.answer([this] { toggleFloatingWindow(); },
+                          [this](const QString& name) { performAction(name); });
+    refreshMenuBar();
+    setupFloatingWindow();
+}
+
+void AppDelegate::setupFloatingWindow()
+{
+    m_floatingWindowView = std::make_unique<FloatingWindowView>(
+        CommandService::shared(), ToastManager::shared(), m_scheduler);
+    m_floatingWindow = std::make_unique<FloatingWindow>(*m_floatingWindowView, m_desktop.windows);
+    connect(m_floatingWindow.get(), &FloatingWindow::escapePressed, this,
+            &AppDelegate::toggleFloatingWindow);
+}
+
+void AppDelegate::toggleFloatingWindow()
+{
+    m_scheduler.after({}, this, [this] { performToggleFloatingWindow(); });
+}
+
+void AppDelegate::performToggleFloatingWindow()
+{
+    if (!m_floatingWindow)
+        return;
+    if (m_floatingWindow->isVisible()) {
+        m_floatingWindow->hide();
+        return;
+    }
+    m_floatingWindow->centre();
+    m_floatingWindow->makeKeyAndOrderFront();
+}
+
+void AppDelegate::showOnboarding()
+{
+    toggleFloatingWindow();
+}
+
+void AppDelegate::refreshMenuBar()
+{
+    printLine(QStringLiteral("[AppDelegate] refreshMenuBar() called"));
+    printLine(QStringLiteral("[AppDelegate] Current hotkey settings - keyCode: %1, modifiers: %2")
+                  .arg(m_settings.globalHotkeyCode())
+                  .arg(m_settings.globalHotkeyModifiers()));
+    std::vector<MenuEntry> entries;
+    entries.push_back({QStringLiteral("Open"), [this] { toggleFloatingWindow(); }, {}});
+    entries.push_back({});
+    entries.push_back(
+        {QStringLiteral("Quit"), [this] { terminate(); }, QKeySequence(Qt::CTRL | Qt::Key_Q)});
+    m_desktop.statusItem.setMenu(std::move(entries));
+}
+
+void AppDelegate::performAction(const QString& name)
+{
+    if (name == QLatin1String("toggle"))
+        toggleFloatingWindow();
+    else if (name == QLatin1String("quit"))
+        terminate();
+}
+
+void AppDelegate::setupTermination()
+{
+    m_desktop.terminationSignals.listen([this] { terminate(); });
+    qApp->installEventFilter(this);
+    // The session asks before it ends and may yet be told to stay: the notes are to be safe then,
+    // and the wish to end comes by itself.
+    connect(
+        qApp, &QGuiApplication::commitDataRequest, this,
+        [this](QSessionManager&) { finishBackgroundWork(); }, Qt::DirectConnection);
+}
+
+bool AppDelegate::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != qApp || event->type() != QEvent::Quit)
+        return QObject::eventFilter(watched, event);
+    terminate();
+    return true;
+}
+
+void AppDelegate::terminate()
+{
+    if (!std::exchange(m_isTerminating, true))
+        quitWhenIdle(0, idleTurnsAtMost);
+}
+
+void AppDelegate::quitWhenIdle(int idleTurns, int turnsLeft)
+{
+    if (idleTurns >= idleTurnsNeeded || turnsLeft == 0) {
+        QCoreApplication::exit(0);
+        return;
+    }
+    m_scheduler.after(idlePollInterval, this, [this, idleTurns, turnsLeft] {
+        const bool isIdle = m_background.activeThreadCount() == 0;
+        quitWhenIdle(isIdle ? idleTurns + 1 : 0, turnsLeft - 1);
+    });
+}
+
+void AppDelegate::finishBackgroundWork()
+{
+    m_background.waitForDone();
+    while (m_background.activeThreadCount() > 0)
+        m_background.waitForDone();
+}
+
+} // namespace jotwell

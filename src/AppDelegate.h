@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+class QSessionManager;
+class QThreadPool;
+
+namespace jotwell {
+
+class FloatingWindow;
+class FloatingWindowView;
+class InstanceDoor;
+class Scheduler;
+class SettingsService;
+class StatusItem;
+class TerminationSignals;
+class WindowSystem;
+
+/// What the desktop has for a program as a whole.
+struct Desktop {
+    InstanceDoor& door;
+    StatusItem& statusItem;
+    WindowSystem& windows;
+    TerminationSignals& terminationSignals;
+};
+
+/// Owns what lives at application level: the status item's menu, the capture window, and the roads
+/// by which the program is started, toggled and ended. Main thread; one to a program.
+class AppDelegate : public QObject {
+    Q_OBJECT
+
+public:
+    /// Everything named here must outlive the delegate. `background` is where work runs that is to
+    /// be finished before the program ends.
+    AppDelegate(Desktop desktop, Scheduler& scheduler, QThreadPool& background);
+    ~AppDelegate() override;
+
+    /// The start-up sequence; call it once, before the event loop runs.
+    void applicationDidFinishLaunching();
+
+    /// Shows or hides the capture window, on a later turn of the event loop.
+    void toggleFloatingWindow();
+    /// Builds the status item's menu anew.
+    void refreshMenuBar();
+    /// Ends the event loop with status 0 once what is being written has been written.
+    void terminate();
+
+    /// Catches the desktop's wish to end the program.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void setupFloatingWindow();
+    void performToggleFloatingWindow();
+    void showOnboarding();
+    void setupTermination();
+    void performAction(const QString& name);
+    void quitWhenIdle(int idleTurns, int turnsLeft);
+    void finishBackgroundWork();
+
+    Desktop m_desktop;
+    Scheduler& m_scheduler;
+    QThreadPool& m_background;
+    SettingsService& m_settings;
+    std::unique_ptr<FloatingWindowView> m_floatingWindowView;
+    std::unique_ptr<FloatingWindow> m_floatingWindow;
+    bool m_isTerminating = false;
+};
+
+} // namespace jotwell

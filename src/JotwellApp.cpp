@@ -1,0 +1,111 @@
+#include "AppDelegate.h"
+#include "Platform/FileCalls.h"
+#include "Platform/FolderWatch.h"
+#include "Platform/InstanceDoor.h"
+#include "Platform/NativePlatform.h"
+#include "Platform/Platform.h"
+#include "Platform/StatusItem.h"
+#include "Platform/TerminationSignals.h"
+#include "Platform/WindowSystem.h"
+#include "Platform/Workspace.h"
+#include "Platform/qt/IniDefaultsStore.h"
+#include "Platform/qt/QtScheduler.h"
+#include "Platform/qt/SystemClock.h"
+#include "Services/SharedServices.h"
+#include "Views/SymbolImageProvider.h"
+#include "Views/ViewResources.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QQuickWindow>
+#include <QStandardPaths>
+#include <QThreadPool>
+
+#include <cstdlib>
+#include <utility>
+
+#include <QtQml/qqmlextensionplugin.h>
+
+Q_IMPORT_QML_PLUGIN(JotwellPlugin)
+
+namespace jotwell {
+
+namespace {
+
+// What has to be settled before Qt opens a window system.
+void prepareGraphics()
+{
+    QQuickWindow::setDefaultAlphaBuffer(true);
+    // A card of text is drawn as fast without the graphics driver, which would cost 90 MB.
+    const bool userChose = qEnvironmentVariableIsSet("QT_QUICK_BACKEND") ||
+                           qEnvironmentVariableIsSet("QSG_RHI_BACKEND");
+    if (!userChose)
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+void prepareApplication()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("jotwell"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("com.jotwell.Jotwell"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    installFonts();
+}
+
+QString settingsFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/com.jotwell/Jotwell.ini");
+}
+
+QIcon statusIcon()
+{
+    return symbolIcon(QStringLiteral("o.circle.fill"),
+                      QGuiApplication::palette().windowText().color());
+}
+
+// The application itself: everything that the services and the delegate stand on, in the order in
+// which it is to go again.
+int run(InstanceDoor& door)
+{
+    QThreadPool background;
+    SystemClock clock;
+    QtScheduler scheduler;
+    const auto files = makeFileCalls();
+    const auto folders = makeFolderWatcher();
+    const auto workspace = makeWorkspace();
+    IniDefaultsStore defaults(settingsFile(), *files);
+    const Platform platform{clock, scheduler, defaults, *files, *folders, *workspace, background};
+    installPlatform(platform);
+
+    const auto statusItem = makeStatusItem(statusIcon(), QStringLiteral("Jotwell"));
+    const auto windows = makeWindowSystem();
+    const auto terminationSignals = makeTerminationSignals();
+    int status = 0;
+    {
+        AppDelegate delegate({door, *statusItem, *windows, *terminationSignals}, scheduler,
+                             background);
+        delegate.applicationDidFinishLaunching();
+        status = QApplication::exec();
+    }
+    // Work that still hangs by now has had its time, and its thread can't be waited for.
+    if (!background.waitForDone(0))
+        std::_Exit(status);
+    releaseSharedServices();
+    return status;
+}
+
+} // namespace
+
+} // namespace jotwell
+
+int main(int argc, char* argv[])
+{
+    // First of all, so that a second start is over at once.
+    const auto door = jotwell::makeInstanceDoor();
+    if (door->claim() == jotwell::InstanceDoor::Claim::delivered)
+        return 0;
+    jotwell::prepareGraphics();
+    QApplication application(argc, argv);
+    jotwell::prepareApplication();
+    return jotwell::run(*door);
+}
