@@ -14,7 +14,7 @@ Flickable {
     clip: true
     onIsFocusedChanged: if (isFocused) area.forceActiveFocus()
 
-    ScrollBar.vertical: ScrollBar {}
+    ScrollBar.vertical: ScrollBar { Accessible.ignored: true }
 
     TextArea.flickable: TextArea {
         id: area

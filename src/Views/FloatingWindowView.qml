@@ -98,6 +98,7 @@ Item {
         }
 
         ToastContainerView {
+            objectName: "toastContainer"
             anchors.fill: parent
             toasts: root.view.toasts
             takesClicks: false

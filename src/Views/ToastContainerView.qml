@@ -37,17 +37,20 @@ Item {
         easing.type: Easing.InOutQuad
     }
 
-    ToastView {
-        objectName: "toast"
+    // Made for each toast: a screen reader is to meet a new alert, and none that has gone.
+    Loader {
         width: parent.width
         y: parent.height - height * container.progress
         opacity: container.progress
-        visible: container.progress > 0
-        message: container.toasts.message
-        icon: container.toasts.icon
-        iconColor: Theme.named(container.toasts.iconColor)
-        color: Theme.named(container.toasts.color)
-        takesClicks: container.takesClicks
-        onDismiss: container.toasts.dismiss()
+        active: container.toasts.isShown || container.progress > 0
+        sourceComponent: ToastView {
+            objectName: "toast"
+            message: container.toasts.message
+            icon: container.toasts.icon
+            iconColor: Theme.named(container.toasts.iconColor)
+            color: Theme.named(container.toasts.color)
+            takesClicks: container.takesClicks
+            onDismiss: container.toasts.dismiss()
+        }
     }
 }

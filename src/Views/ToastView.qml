@@ -20,16 +20,19 @@ Item {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: message
 
-    Rectangle {
+    // One rounded rectangle with its upper corners cut off: two that overlap would show while the
+    // toast is half transparent.
+    Item {
         anchors.fill: parent
-        radius: toast.cornerRadius
-        color: toast.color
-    }
+        clip: true
 
-    Rectangle {
-        width: parent.width
-        height: parent.height - toast.cornerRadius
-        color: toast.color
+        Rectangle {
+            y: -toast.cornerRadius
+            width: parent.width
+            height: parent.height + toast.cornerRadius
+            radius: toast.cornerRadius
+            color: toast.color
+        }
     }
 
     MouseArea {

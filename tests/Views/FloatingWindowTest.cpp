@@ -3,6 +3,7 @@
 #include "Fakes/FakeWindowSystem.h"
 #include "Views/ViewBench.h"
 
+#include <QClipboard>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSignalSpy>
@@ -131,4 +132,15 @@ TEST_F(FloatingWindowTest, MaskFollowsACompositorThatCame)
     windowSystem.compositing = true;
     show();
     EXPECT_EQ(window.mask().boundingRect().width(), 860);
+}
+
+TEST_F(FloatingWindowTest, LargePasteComesThroughWhole)
+{
+    QString text;
+    while (text.size() < 1'000'000)
+        text += QStringLiteral("A line of a long text that somebody pastes into the field.\n");
+    QGuiApplication::clipboard()->setText(text);
+    show();
+    QTest::keySequence(&window, QKeySequence::Paste);
+    EXPECT_EQ(bench.text(), text);
 }

@@ -88,7 +88,7 @@ TestCase {
 
     function test_toast_takes_no_click() {
         bench.showSuccess("Done")
-        const container = findChild(root, "toast").parent
+        const container = findChild(root, "toastContainer")
         tryCompare(container, "progress", 1)
         mouseClick(card, 200, card.height - 10)
         compare(bench.toasts.isShown, true)
