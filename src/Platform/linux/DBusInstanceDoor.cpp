@@ -5,6 +5,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDir>
+#include <QFile>
 #include <QLockFile>
 
 #include <cstdio>
@@ -55,13 +56,26 @@ QString lockFilePath()
     return QStringLiteral("%1/com.jotwell.Jotwell-%2.lock").arg(QDir::tempPath()).arg(::getuid());
 }
 
+// Where no session bus runs, the D-Bus library would start one that nobody ends.
+void stayWithoutMissingBus()
+{
+    const QString usualSocket = qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");
+    if (!qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") && !QFile::exists(usualSocket))
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+}
+
+// A connection of our own, which doesn't live longer than the door.
+QDBusConnection connectToSessionBus()
+{
+    stayWithoutMissingBus();
+    return QDBusConnection::connectToBus(QDBusConnection::SessionBus,
+                                         QStringLiteral("jotwell-door"));
+}
+
 } // namespace
 
-// A connection of its own, which doesn't live longer than the door.
 DBusInstanceDoor::DBusInstanceDoor()
-    : m_bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus,
-                                          QStringLiteral("jotwell-door"))),
-      m_object(std::make_unique<DBusDoorObject>())
+    : m_bus(connectToSessionBus()), m_object(std::make_unique<DBusDoorObject>())
 {
 }
 
