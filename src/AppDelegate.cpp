@@ -141,9 +141,10 @@ void AppDelegate::quitWhenIdle(int idleTurns, int turnsLeft)
 
 void AppDelegate::finishBackgroundWork()
 {
-    m_background.waitForDone();
-    while (m_background.activeThreadCount() > 0)
+    do {
         m_background.waitForDone();
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    } while (m_background.activeThreadCount() > 0);
 }
 
 } // namespace jotwell
