@@ -29,11 +29,13 @@ _BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC
 </busconfig>
 """
 
-# The standing clock is preloaded, before the sanitizer's own library; and what is known to leak is
-# known by functions of libraries without frame pointers.
+# For a sanitized program. The standing clock is preloaded, before the sanitizer's own library; what
+# is known to leak is known by functions of libraries without frame pointers; and the locks of
+# libraries that aren't sanitized can't be followed.
 _SANITIZER_OPTIONS = {
     "ASAN_OPTIONS": "verify_asan_link_order=0:fast_unwind_on_malloc=0",
     "LSAN_OPTIONS": f"suppressions={Path(__file__).with_name('leaks.supp')}:print_suppressions=0",
+    "TSAN_OPTIONS": "ignore_noninstrumented_modules=1",
 }
 
 
