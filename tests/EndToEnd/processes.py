@@ -47,6 +47,9 @@ class Process:
         """What they have written to standard error."""
         return self._output[1].read_text(errors="replace")
 
+    def pid(self):
+        return self._popen.pid
+
     def is_running(self):
         return self._popen.poll() is None
 
