@@ -6,7 +6,9 @@
 
 #include <cstdlib>
 #include <memory>
+#include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace jotwell {
 
@@ -26,12 +28,39 @@ icu::Locale dateLocale()
     return icu::Locale("en_US_POSIX");
 }
 
-QString formatted(icu::DateFormat* owned, std::chrono::system_clock::time_point moment)
+/// What a formatter depends on: the user may change either while the program runs.
+struct Place {
+    icu::Locale locale = dateLocale();
+    std::unique_ptr<icu::TimeZone> zone{icu::TimeZone::detectHostTimeZone()};
+
+    [[nodiscard]] std::string name() const
+    {
+        icu::UnicodeString zoneId;
+        std::string name = locale.getName();
+        name += ' ';
+        return zone->getID(zoneId).toUTF8String(name);
+    }
+};
+
+// Making a formatter takes fifty times as long as using it, and none may be used by two threads.
+template <typename Make>
+const icu::DateFormat* formatter(const std::string& kind, Make make)
 {
-    const std::unique_ptr<icu::DateFormat> format(owned);
+    thread_local std::unordered_map<std::string, std::unique_ptr<icu::DateFormat>> made;
+    const Place place;
+    auto& format = made[kind + ' ' + place.name()];
+    if (!format) {
+        format.reset(make(place.locale));
+        if (format)
+            format->setTimeZone(*place.zone);
+    }
+    return format.get();
+}
+
+QString formatted(const icu::DateFormat* format, std::chrono::system_clock::time_point moment)
+{
     if (!format)
         return {};
-    format->adoptTimeZone(icu::TimeZone::detectHostTimeZone());
     using Milliseconds = std::chrono::duration<UDate, std::milli>;
     icu::UnicodeString text;
     format->format(std::chrono::floor<Milliseconds>(moment).time_since_epoch().count(), text);
@@ -42,17 +71,22 @@ QString formatted(icu::DateFormat* owned, std::chrono::system_clock::time_point 
 
 QString dateText(std::chrono::system_clock::time_point moment, QStringView pattern)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::UnicodeString fields(reinterpret_cast<const char16_t*>(pattern.utf16()),
-                                    static_cast<int32_t>(pattern.size()));
-    return formatted(new icu::SimpleDateFormat(fields, dateLocale(), status), moment);
+    const auto make = [pattern](const icu::Locale& locale) -> icu::DateFormat* {
+        UErrorCode status = U_ZERO_ERROR;
+        const icu::UnicodeString fields(reinterpret_cast<const char16_t*>(pattern.utf16()),
+                                        static_cast<int32_t>(pattern.size()));
+        return new icu::SimpleDateFormat(fields, locale, status);
+    };
+    return formatted(formatter(pattern.toString().toStdString(), make), moment);
 }
 
 QString mediumDateShortTime(std::chrono::system_clock::time_point moment)
 {
-    return formatted(icu::DateFormat::createDateTimeInstance(icu::DateFormat::kMedium,
-                                                             icu::DateFormat::kShort, dateLocale()),
-                     moment);
+    const auto make = [](const icu::Locale& locale) {
+        return icu::DateFormat::createDateTimeInstance(icu::DateFormat::kMedium,
+                                                       icu::DateFormat::kShort, locale);
+    };
+    return formatted(formatter("medium date, short time", make), moment);
 }
 
 } // namespace jotwell
