@@ -1,0 +1,46 @@
+#include "driver/DriverPlatform.h"
+
+#include "driver/EffectRecorder.h"
+
+namespace jotwell {
+
+ScriptedClock::TimePoint ScriptedClock::now() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_stopped.value_or(std::chrono::system_clock::now() + m_ahead);
+}
+
+void ScriptedClock::stopAt(std::optional<TimePoint> time)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_stopped = time;
+    m_ahead = TimePoint::duration::zero();
+}
+
+void ScriptedClock::advance(TimePoint::duration by)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (m_stopped)
+        *m_stopped += by;
+    else
+        m_ahead += by;
+}
+
+void RecordingWorkspace::openUrl(const QString& url)
+{
+    m_effects.recordOpenUrl(url);
+}
+
+DriverPlatform::DriverPlatform(const QString& home, EffectRecorder& effects)
+    : m_home(home),
+      m_defaults(home + QStringLiteral("/.driver/config/com.jotwell/Jotwell.ini"), m_files),
+      m_workspace(effects)
+{
+}
+
+QString DriverPlatform::databasePath() const
+{
+    return m_home + QStringLiteral("/.driver/data/com.jotwell/TagIndex.db");
+}
+
+} // namespace jotwell

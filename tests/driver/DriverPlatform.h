@@ -1,0 +1,73 @@
+#pragma once
+
+#include "Platform/Clock.h"
+#include "Platform/Platform.h"
+#include "Platform/Workspace.h"
+#include "Platform/linux/InotifyFolderWatcher.h"
+#include "Platform/linux/PosixFileCalls.h"
+#include "Platform/qt/IniDefaultsStore.h"
+#include "Platform/qt/QtScheduler.h"
+
+#include <QMutex>
+#include <QThreadPool>
+
+#include <optional>
+
+namespace jotwell {
+
+class EffectRecorder;
+
+/// The machine's clock, which a script can stop at a time or put forward. Any thread.
+class ScriptedClock : public Clock {
+public:
+    [[nodiscard]] TimePoint now() const override;
+
+    /// Stops the clock; without a time it is the machine's again.
+    void stopAt(std::optional<TimePoint> time);
+    /// A stopped clock is stopped later, a running one runs ahead of the machine's.
+    void advance(TimePoint::duration by);
+
+private:
+    mutable QMutex m_mutex;
+    std::optional<TimePoint> m_stopped;
+    TimePoint::duration m_ahead{0};
+};
+
+/// A desktop that notes down what it is handed.
+class RecordingWorkspace : public Workspace {
+public:
+    explicit RecordingWorkspace(EffectRecorder& effects) : m_effects(effects) {}
+    void openUrl(const QString& url) override;
+
+private:
+    EffectRecorder& m_effects;
+};
+
+/// The edge of the process: all real, but that what is stored lies below one home folder and that
+/// nothing is handed to the desktop.
+class DriverPlatform {
+public:
+    DriverPlatform(const QString& home, EffectRecorder& effects);
+
+    [[nodiscard]] const Platform& platform() const { return m_platform; }
+    [[nodiscard]] ScriptedClock& clock() { return m_clock; }
+    [[nodiscard]] DefaultsStore& defaults() { return m_defaults; }
+    [[nodiscard]] QThreadPool& background() { return m_background; }
+
+    [[nodiscard]] const QString& home() const { return m_home; }
+    [[nodiscard]] QString databasePath() const;
+
+private:
+    const QString m_home;
+    ScriptedClock m_clock;
+    QtScheduler m_scheduler;
+    PosixFileCalls m_files;
+    InotifyFolderWatcher m_folders;
+    IniDefaultsStore m_defaults;
+    RecordingWorkspace m_workspace;
+    QThreadPool m_background;
+    const Platform m_platform{m_clock,   m_scheduler, m_defaults,  m_files,
+                              m_folders, m_workspace, m_background};
+};
+
+} // namespace jotwell

@@ -1,0 +1,55 @@
+#include "driver/Session.h"
+
+#include "Services/CommandService.h"
+#include "Services/ObsidianService.h"
+#include "Services/SharedServices.h"
+#include "Services/ToastManager.h"
+
+#include <utility>
+
+namespace jotwell {
+
+Session::Session(const QString& home) : m_platform(home, m_effects)
+{
+    setLogSink([this](const LogRecord& record) { m_effects.recordLog(record); });
+    installPlatform(m_platform.platform());
+}
+
+Session::~Session()
+{
+    releaseSharedServices();
+    setLogSink({});
+}
+
+ToastManager& Session::toasts()
+{
+    ToastManager& toasts = ToastManager::shared();
+    if (!std::exchange(m_recordsToasts, true))
+        QObject::connect(&toasts, &ToastManager::shown,
+                         [this](const Toast& toast) { m_effects.recordToast(toast); });
+    return toasts;
+}
+
+ObsidianService& Session::notes()
+{
+    toasts(); // it would make them itself
+    return ObsidianService::shared();
+}
+
+CommandService& Session::commands()
+{
+    notes();
+    if (!std::exchange(m_recordsCommands, true))
+        setListening(true);
+    return CommandService::shared();
+}
+
+void Session::setListening(bool isListening)
+{
+    CommandService::SearchResultsListener listener;
+    if (isListening)
+        listener = [this](const NoteSearchResults& notes) { m_effects.recordSearchResults(notes); };
+    CommandService::shared().setOnSearchResults(std::move(listener));
+}
+
+} // namespace jotwell

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "driver/DriverPlatform.h"
+#include "driver/EffectRecorder.h"
+
+namespace jotwell {
+
+class CommandService;
+class ObsidianService;
+class ToastManager;
+
+/// One life of the shared services on a home folder. Services that have effects to record are
+/// reached through here, so that the recorder listens before the first effect.
+class Session {
+public:
+    explicit Session(const QString& home);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    [[nodiscard]] DriverPlatform& platform() { return m_platform; }
+    [[nodiscard]] EffectRecorder& effects() { return m_effects; }
+
+    ToastManager& toasts();
+    ObsidianService& notes();
+    CommandService& commands();
+    /// Whether lists of notes have a listener: the recorder.
+    void setListening(bool isListening);
+
+private:
+    EffectRecorder m_effects;
+    DriverPlatform m_platform;
+    bool m_recordsToasts = false;
+    bool m_recordsCommands = false;
+};
+
+} // namespace jotwell
