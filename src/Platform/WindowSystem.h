@@ -19,6 +19,9 @@ public:
 
     /// Tells the window manager that `window` belongs on all desktops and in no list of windows.
     virtual void makeAccessory(QWindow* window) = 0;
+
+    /// Gives `window`, which has just been shown, the keyboard, whichever program has it now.
+    virtual void activate(QWindow* window) = 0;
 };
 
 } // namespace jotwell

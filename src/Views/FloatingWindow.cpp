@@ -64,8 +64,7 @@ void FloatingWindow::makeKeyAndOrderFront()
     m_windowSystem.makeAccessory(this);
     updateMask();
     show();
-    raise();
-    requestActivate();
+    m_windowSystem.activate(this);
     if (!std::exchange(m_hasAppeared, true))
         m_view.appear();
 }

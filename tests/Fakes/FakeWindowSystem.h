@@ -3,6 +3,7 @@
 #include "Platform/WindowSystem.h"
 
 #include <QGuiApplication>
+#include <QWindow>
 
 namespace jotwell {
 
@@ -19,6 +20,7 @@ public:
     }
     [[nodiscard]] bool isCompositing() const override { return compositing; }
     void makeAccessory(QWindow*) override { ++accessories; }
+    void activate(QWindow* window) override { window->requestActivate(); }
 };
 
 } // namespace jotwell

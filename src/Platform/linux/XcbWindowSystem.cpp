@@ -94,4 +94,26 @@ void XcbWindowSystem::makeAccessory(QWindow* window)
                         XCB_ATOM_CARDINAL, 32, 1, &allDesktops);
 }
 
+// Qt asks as an application, and a window manager refuses that to one which had no key or click of
+// late. The user's wish came by another way: it is handed on as that of a taskbar would be.
+void XcbWindowSystem::activate(QWindow* window)
+{
+    window->raise();
+    window->requestActivate();
+    auto* connection = xcbConnection();
+    if (!connection)
+        return;
+    constexpr uint32_t fromTaskbar = 2;
+    xcb_client_message_event_t message = {};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = static_cast<xcb_window_t>(window->winId());
+    message.type = xcbAtom("_NET_ACTIVE_WINDOW");
+    message.data.data32[0] = fromTaskbar;
+    xcb_send_event(connection, 0, xcbScreen()->root,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(connection);
+}
+
 } // namespace jotwell

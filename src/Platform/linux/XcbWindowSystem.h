@@ -11,6 +11,7 @@ public:
     [[nodiscard]] QScreen* mainScreen() const override;
     [[nodiscard]] bool isCompositing() const override;
     void makeAccessory(QWindow* window) override;
+    void activate(QWindow* window) override;
 };
 
 } // namespace jotwell
