@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Jotwell
 
@@ -38,13 +40,14 @@ Item {
     }
 
     // Made for each toast: a screen reader is to meet a new alert, and none that has gone.
-    Loader {
-        width: parent.width
-        y: parent.height - height * container.progress
-        opacity: container.progress
-        active: container.toasts.isShown || container.progress > 0
-        sourceComponent: ToastView {
+    Repeater {
+        model: container.toasts.isShown || container.progress > 0 ? 1 : 0
+
+        ToastView {
             objectName: "toast"
+            width: container.width
+            y: container.height - height * container.progress
+            opacity: container.progress
             message: container.toasts.message
             icon: container.toasts.icon
             iconColor: Theme.named(container.toasts.iconColor)

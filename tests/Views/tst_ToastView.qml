@@ -52,7 +52,7 @@ TestCase {
         bench.showSuccess("Done")
         compare(container.progress, 0)
         tryVerify(() => container.progress > 0 && container.progress < 1)
-        verify(toast().parent.opacity < 1)
+        verify(toast().opacity < 1)
         tryCompare(container, "progress", 1)
         compare(toast().mapToItem(container, 0, toast().height).y, container.height)
         compare(toast().width, 800)

@@ -11,7 +11,8 @@ Image {
 
     width: Math.round(fontSize * 1.25)
     height: width
-    sourceSize: Qt.size(width * Screen.devicePixelRatio, height * Screen.devicePixelRatio)
+    sourceSize.width: Math.ceil(width * Screen.devicePixelRatio)
+    sourceSize.height: Math.ceil(height * Screen.devicePixelRatio)
     source: "image://symbol/" + name + "/" + encodeURIComponent(color)
     fillMode: Image.PreserveAspectFit
     Accessible.ignored: true
