@@ -73,8 +73,9 @@ std::optional<ObsidianTemplate> CommandService::regularTemplate(const QString& n
 
 void CommandService::deliver(const NoteSearchResults& notes)
 {
-    if (m_onSearchResults)
-        m_onSearchResults(notes);
+    const SearchResultsListener listener = m_onSearchResults; // it may put another in its place
+    if (listener)
+        listener(notes);
 }
 
 } // namespace jotwell

@@ -168,6 +168,19 @@ TEST_F(CommandServiceTest, LaterListenerReplacesTheEarlierOne)
     EXPECT_THAT(events, ElementsAre(u"No recent notes found"_qs));
 }
 
+TEST_F(CommandServiceTest, ListenerMayPutAnotherInItsPlace)
+{
+    QStringList order;
+    const QString first = u"the first, which must live to its end"_qs;
+    commands.setOnSearchResults([this, &order, first](const NoteSearchResults&) {
+        commands.setOnSearchResults([&order](const NoteSearchResults&) { order.append(u"2"_qs); });
+        order.append(first);
+    });
+    EXPECT_TRUE(execute(Command::recentNotes, u"/recent"_qs));
+    EXPECT_TRUE(execute(Command::recentNotes, u"/recent"_qs));
+    EXPECT_THAT(order, ElementsAre(first, u"2"_qs));
+}
+
 TEST_F(CommandServiceTest, WithoutAListenerTheToastComesAllTheSame)
 {
     commands.setOnSearchResults({});
