@@ -127,6 +127,8 @@ Result<void, TemplateSaveError> TemplateSyncService::saveTemplate(const Obsidian
         return TemplateSaveError(TemplateSyncError());
     if (const auto written = m_files.write(*path, value.content.toUtf8()); !written)
         return TemplateSaveError(written.error());
+    ++m_loads; // a reading that is under way may have seen the file as it was
+    m_reloadsAgain = m_isReloading;
     ObsidianTemplates templates = syncedTemplates();
     const auto saved =
         std::find_if(templates.begin(), templates.end(),

@@ -155,6 +155,19 @@ TEST_F(WatchedTemplates, EventBehindALateReadingIsRead)
     EXPECT_THAT(names(), ElementsAre(u"a"_qs, u"b"_qs, u"c"_qs));
 }
 
+TEST_F(WatchedTemplates, LateReadingDoesNotUndoASave)
+{
+    touch();
+    m_edge.background.waitForDone();
+    m_folder.put(u"c.md"_qs);
+    ObsidianTemplate edited = named(u"a"_qs);
+    edited.content = u"edited"_qs;
+    ASSERT_TRUE(m_service->saveTemplate(edited));
+    settle();
+    EXPECT_EQ(named(u"a"_qs).content, u"edited"_qs);
+    EXPECT_THAT(names(), ElementsAre(u"a"_qs, u"b"_qs, u"c"_qs));
+}
+
 TEST_F(WatchedTemplates, TellOfTheirChangesAndOfNothingElse)
 {
     int changes = 0;
