@@ -1,9 +1,12 @@
 """What a screen reader is told about the windows of a desktop."""
 
+import contextlib
 from pathlib import Path
 
 import dbus
 import dbus.bus
+
+from processes import wait_until
 
 # Desktop(bus_services=BUS_SERVICES) has the accessibility bus, and ENVIRONMENT makes Qt use it.
 BUS_SERVICES = [Path("/usr/share/dbus-1/services/org.a11y.Bus.service")]
@@ -23,10 +26,11 @@ class ScreenReader:
     def texts(self):
         """Every name and every text there is to read, in the order of the tree."""
         root = "org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root"
-        try:
-            return [text for text in self._texts_below(*root) if text]
-        except dbus.DBusException:
-            return []  # something went while it was being asked
+
+        def read():
+            with contextlib.suppress(dbus.DBusException):  # something went while it was asked
+                return [text for text in self._texts_below(*root) if text]
+        return wait_until(read, "something to read")
 
     def _texts_below(self, owner, path):
         item = self._bus.get_object(owner, path, introspect=False)

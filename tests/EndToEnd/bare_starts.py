@@ -24,6 +24,7 @@ class BareStarts(unittest.TestCase):
             self.assertTrue(note.name.startswith("It works here too - "), note.name)
             program.send(signal.SIGTERM)
             self.assertEqual(program.exit_status(), 0)
+            self.assertEqual(desktop.strays(), [])
             complaints = [line for line in program.errors().splitlines()
                           if not any(re.fullmatch(known, line) for known in HARMLESS)]
             self.assertEqual(complaints, [])

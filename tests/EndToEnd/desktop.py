@@ -4,13 +4,14 @@ import ctypes
 import glob
 import os
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
 import unittest
 from pathlib import Path
 
-from processes import PATIENCE, Process, wait_until
+from processes import PATIENCE, Process, running_processes, wait_until
 
 # No folder of services: those of this machine must not answer on a private desktop. What a test
 # wants of them it names.
@@ -76,6 +77,8 @@ class Desktop:
             self._tell_what_happened()
         for process in reversed(self._processes):
             process.stop()
+        for stray in self.strays():
+            os.kill(stray, signal.SIGKILL)
         shutil.rmtree(self.folder, ignore_errors=True)
 
     # What runs on it
@@ -90,6 +93,12 @@ class Desktop:
         if clock:
             environment |= _standing_clock(clock)
         return self.spawn("jotwell", [program()], **_SANITIZER_OPTIONS, **environment)
+
+    def strays(self):
+        """The ids of processes on this desktop that others than the test have started."""
+        mark = f"XDG_RUNTIME_DIR={self.environment['XDG_RUNTIME_DIR']}\0".encode()
+        ours = {process.pid() for process in self._processes}
+        return [number for number in running_processes(mark) if number not in ours]
 
     def write_settings(self, **settings):
         folder = Path(self.environment["XDG_CONFIG_HOME"]) / "com.jotwell"

@@ -1,10 +1,12 @@
 """Children that can't outlive a test, and waiting for what they do."""
 
+import contextlib
 import ctypes
 import os
 import signal
 import subprocess
 import time
+from pathlib import Path
 
 PATIENCE = 30  # seconds: far more than anything here takes, sanitizers and a busy machine included
 
@@ -19,6 +21,16 @@ def wait_until(predicate, what, patience=PATIENCE):
         if time.monotonic() > deadline:
             raise AssertionError(f"{what}: not within {patience} s")
         time.sleep(0.02)
+
+
+def running_processes(mark):
+    """The ids of all processes with those bytes in their environment."""
+    found = []
+    for folder in Path("/proc").glob("[0-9]*"):
+        with contextlib.suppress(OSError):  # gone, or another user's
+            if mark in (folder / "environ").read_bytes():
+                found.append(int(folder.name))
+    return found
 
 
 _libc = ctypes.CDLL(None)
@@ -49,6 +61,14 @@ class Process:
 
     def pid(self):
         return self._popen.pid
+
+    def open_files(self):
+        """What its descriptors stand for, as the kernel words it."""
+        found = []
+        for descriptor in Path(f"/proc/{self.pid()}/fd").iterdir():
+            with contextlib.suppress(OSError):  # closed meanwhile
+                found.append(os.readlink(descriptor))
+        return found
 
     def is_running(self):
         return self._popen.poll() is None

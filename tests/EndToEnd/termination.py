@@ -1,5 +1,6 @@
 """A request to end is no accident: what is being saved is saved, and the exit status is 0."""
 
+import os
 import random
 import signal
 import time
@@ -7,8 +8,9 @@ import unittest
 
 from desktop import Desktop
 from notes import default_note
+from processes import wait_until
 
-ROUNDS = 15
+ROUNDS = 10
 
 
 class Termination(unittest.TestCase):
@@ -20,6 +22,22 @@ class Termination(unittest.TestCase):
                 desktop.wait_for_window()
                 program.send(request)
                 self.assertEqual(program.exit_status(), 0, request.name)
+
+    def test_a_save_comes_to_its_end(self):
+        with Desktop() as desktop:
+            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
+            program = desktop.start_program(LD_PRELOAD=os.environ["JOTWELL_SLOW_DISK"])
+            desktop.wait_for_window()
+            desktop.type_text("worth the wait /new_note ")
+            desktop.press("ctrl+Return")
+            in_vault = f"{desktop.vault}/"
+            wait_until(lambda: any(name.startswith(in_vault) for name in program.open_files()),
+                       "the start of the save")
+            self.assertEqual(desktop.notes(), [])
+            program.send(signal.SIGTERM)
+            self.assertEqual(program.exit_status(), 0)
+            [note] = desktop.notes()
+            self.assertTrue(note.read_text().startswith("# worth the wait\n\nworth the wait\n\n---"))
 
     def test_a_note_is_whole_or_absent(self):
         chance = random.Random(1)
