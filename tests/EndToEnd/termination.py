@@ -37,7 +37,7 @@ class Termination(unittest.TestCase):
             program.send(signal.SIGTERM)
             self.assertEqual(program.exit_status(), 0)
             [note] = desktop.notes()
-            self.assertTrue(note.read_text().startswith("# worth the wait\n\nworth the wait\n\n---"))
+            self.assertTrue(note.read_text().startswith("# worth the wait\n\nworth the wait\n"))
 
     def test_a_note_is_whole_or_absent(self):
         chance = random.Random(1)
