@@ -1,0 +1,21 @@
+// What a sanitizer asks its program for, where it is built with one.
+
+extern "C" {
+
+const char* __asan_default_options();
+const char* __lsan_default_suppressions();
+
+// Whole stacks: those through Qt are cut short otherwise, and the names below not found.
+const char* __asan_default_options()
+{
+    return "fast_unwind_on_malloc=0";
+}
+
+// Qt Quick's software renderer keeps one texture, and its picture, of each image to the very end.
+const char* __lsan_default_suppressions()
+{
+    return "leak:QQuickPixmap::load\n"
+           "leak:QQuickWindowPrivate::syncSceneGraph\n";
+}
+
+} // extern "C"
