@@ -69,8 +69,9 @@ struct ArgumentReader<std::optional<T>> {
     {
         if (json.isUndefined() || json.isNull())
             return std::optional<T>();
-        auto value = fromJson<T>(json);
-        return value ? std::optional(std::move(value)) : std::nullopt;
+        if (auto value = fromJson<T>(json))
+            return value;
+        return std::nullopt;
     }
 };
 
