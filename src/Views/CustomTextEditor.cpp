@@ -4,6 +4,7 @@
 #include "Services/CommandTemplateManager.h"
 #include "Support/TextUnits.h"
 
+#include <QQuickItem>
 #include <QScopedValueRollback>
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
@@ -55,6 +56,10 @@ void CustomTextEditor::setIsComposing(bool composing)
 
 void CustomTextEditor::attach(QQuickTextDocument* document)
 {
+    // Only what can be seen of a long text is to be drawn; by itself a text area does that only for
+    // text that the program sets.
+    if (auto* area = qobject_cast<QQuickItem*>(document->parent()))
+        area->setFlag(QQuickItem::ItemObservesViewport);
     m_document = document->textDocument();
     connect(m_document, &QTextDocument::contentsChanged, this, &CustomTextEditor::documentChanged);
     update();
