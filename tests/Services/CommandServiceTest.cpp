@@ -71,7 +71,8 @@ protected:
         hidden.showInDropdown = false;
         settings.setObsidianTemplates({regular(u"Last"_qs, u"last used"_qs),
                                        regular(u"Daily Note"_qs, u"daily"_qs),
-                                       regular(u"Daily Note"_qs, u"second daily"_qs), hidden});
+                                       regular(u"Daily Note"_qs, u"second daily"_qs),
+                                       regular(u"\u00dcbung"_qs, u"precomposed"_qs), hidden});
         synced = {
             {QUuid(), u"Synced"_qs, u"synced"_qs, true, TemplateType::synced(u"/t/Synced.md"_qs)}};
     }
@@ -87,6 +88,7 @@ const TemplateRow templateRows[] = {
     {"TakesFurtherWordsIntoTheName", u"/new_note  $Daily Note hello world"_qs, "last used"},
     {"TakesALineEndIntoTheName", u"/new_note  $Daily Note\n"_qs, "last used"},
     {"WantsTheExactCase", u"/new_note $daily note"_qs, "last used"},
+    {"WantsTheExactSpelling", u"/new_note $U\u0308bung"_qs, "last used"},
     {"WantsTheWholeName", u"/new_note $Daily"_qs, "last used"},
     {"LooksAtTheFirstDollarOnly", u"/new_note $Inbox $Daily Note"_qs, "last used"},
 };

@@ -2,8 +2,12 @@
 
 #include "Fakes/FakeClock.h"
 #include "QtPrinters.h"
+#include "Support/IcuRegex.h"
+#include "Support/TextUnits.h"
 
 #include <gtest/gtest.h>
+
+#include <random>
 
 namespace jotwell {
 
@@ -70,6 +74,7 @@ const ContentRow contentRows[] = {
     {"NameOfAMegabyteIsFound", u'$' + megabyte + u" y"_qs, u"y"_qs, {megabyte}},
     {"NameOfAMegabyteIsNotThere", u"$xx y"_qs, u"$xx y"_qs, {megabyte}},
     {"EmojiInANameAreThemselves", u"$\U0001F4A1a b"_qs, u"b"_qs, {u"\U0001F4A1a"_qs}},
+    {"EquivalentSpellingsDiffer", u"$U\u0308bung x"_qs, u"$U\u0308bung x"_qs, {u"\u00dcbung"_qs}},
     {"EmojiHideATemplateAtTheEnd", fiveEmoji + u" $Meeting"_qs, fiveEmoji + u" $Meeting"_qs},
     {"TextBehindTheTemplateMakesUpForEmoji", fiveEmoji + u" $Meeting 1234"_qs,
      fiveEmoji + u"  1234"_qs},
@@ -92,6 +97,39 @@ TEST_P(ContentOf, Text)
 
 INSTANTIATE_TEST_SUITE_P(Rows, ContentOf, testing::ValuesIn(contentRows),
                          [](const auto& row) { return std::string(row.param.name); });
+
+/// The content as the rules tell it, with one pattern tried for each name.
+QString plainContent(QString text, const QStringList& templateNames)
+{
+    if (const qsizetype command = text.indexOf(u"/new_note"_qs); command >= 0)
+        text.remove(command, 9);
+    const TextRange searched{0, characterCount(text)};
+    for (const QString& name : templateNames) {
+        const auto pattern = IcuRegex::compile(u"\\$"_qs + IcuRegex::escaped(name) + u"\\b"_qs);
+        if (!pattern || !pattern->firstMatch(text, searched))
+            continue;
+        text = pattern->replaced(text, searched, u"");
+        break;
+    }
+    return trimmedWhitespaceAndNewlines(text);
+}
+
+TEST(NoteText, ContentIsThatOfThePlainForm)
+{
+    const QStringList pieces{u"$"_qs,  u"Day"_qs,   u"Plan"_qs,       u" "_qs, u"!"_qs,
+                             u"s"_qs,  u"\n"_qs,    u"\U0001F600"_qs, u"_"_qs, u"\u0308"_qs,
+                             u".+"_qs, u"/new_"_qs, u"note"_qs,       u"d"_qs, u"\u00fc"_qs};
+    const QStringList names{u"Plan!"_qs, u"Day Plan"_qs,   u"Day"_qs,
+                            u".+"_qs,    u"\U0001F600"_qs, u""_qs};
+    std::mt19937 random(20240305);
+    for (int round = 0; round < 20'000; ++round) {
+        QString text;
+        for (unsigned count = random() % 14; count > 0; --count)
+            text += pieces.at(static_cast<qsizetype>(random()) % pieces.size());
+        const QStringList some = names.mid(static_cast<qsizetype>(random()) % names.size());
+        ASSERT_EQ(extractContent(text, some), plainContent(text, some)) << text.toStdString();
+    }
+}
 
 struct TitleRow {
     const char* name;
