@@ -31,7 +31,7 @@ def small_disk(folder, size="256k"):
 
 
 def set_writable(folder, is_writable):
-    _mount("-o", "remount,rw" if is_writable else "remount,ro", folder)
+    _mount("-o", f"remount,bind,{'rw' if is_writable else 'ro'}", folder)
 
 
 def _mount(*arguments):
