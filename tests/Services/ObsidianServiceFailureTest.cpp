@@ -145,7 +145,19 @@ struct FileSystemRow {
     QStringList refused; ///< the calls whose failure fails the note, in order
 };
 
-class EachCallThatFails : public testing::TestWithParam<FileSystemRow> {};
+class EachCallThatFails : public testing::TestWithParam<FileSystemRow> {
+protected:
+    void SetUp() override
+    {
+        const ScratchFolder folder;
+        FailingFileCalls calls;
+        const int nameless = calls.openNameless(folder.path().toUtf8().constData(), 0600);
+        if (nameless >= 0)
+            calls.close(nameless);
+        else if (GetParam().hasNamelessFiles)
+            GTEST_SKIP() << "the file system here has no nameless files";
+    }
+};
 
 const FileSystemRow fileSystemRows[] = {
     {"WithNamelessFiles",
