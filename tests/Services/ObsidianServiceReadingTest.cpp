@@ -120,16 +120,47 @@ TEST_F(RecentNotesTest, PathsOfAVaultWithATrailingSlashHaveNoSecondOne)
     }
 }
 
-TEST_F(RecentNotesTest, AreReadInTheBackground)
+class RecentNotesInTheBackground : public RecentNotesTest {
+protected:
+    RecentNotesInTheBackground() { edge.background.setMaxThreadCount(1); }
+
+    /// Lets the background do what it has been asked for, and the main thread ask for more, which
+    /// then waits for `goOn`.
+    void passOneStep()
+    {
+        edge.background.start([this] {
+            m_isHeld.release();
+            m_goesOn.acquire();
+        });
+        m_isHeld.acquire();
+        QCoreApplication::processEvents();
+    }
+    void goOn() { m_goesOn.release(); }
+
+private:
+    QSemaphore m_isHeld;
+    QSemaphore m_goesOn;
+};
+
+TEST_F(RecentNotesInTheBackground, AreListedOnceTheVaultIsFound)
 {
-    putNotes({u"a.md"_qs});
-    edge.background.setMaxThreadCount(1);
-    QSemaphore busy;
-    edge.background.start([&busy] { busy.acquire(); });
     auto listing = notes.getRecentNotes();
-    vault.put(u"b.md"_qs); // before anything can have been read
-    busy.release();
-    EXPECT_EQ(finished(std::move(listing))->size(), 2);
+    passOneStep();
+    vault.put(u"a.md"_qs);
+    goOn();
+    EXPECT_EQ(finished(std::move(listing))->size(), 1);
+}
+
+TEST_F(RecentNotesInTheBackground, AreListedOnceTheFolderIsFound)
+{
+    vault.makeFolder(u"Inbox"_qs);
+    auto listing = notes.getRecentNotesInTopFolder(u"Inbox"_qs);
+    passOneStep();
+    goOn();
+    passOneStep();
+    vault.put(u"Inbox/a.md"_qs);
+    goOn();
+    EXPECT_EQ(finished(std::move(listing))->size(), 1);
 }
 
 TEST_F(ObsidianServiceTest, VaultFoldersAreListedSortedAndWithoutAllFolders)
