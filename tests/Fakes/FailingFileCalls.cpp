@@ -1,11 +1,14 @@
 #include "Fakes/FailingFileCalls.h"
 
+#include <QMutexLocker>
+
 #include <cerrno>
 
 namespace jotwell {
 
 void FailingFileCalls::failAt(std::optional<int> call, int code)
 {
+    const QMutexLocker lock(&m_mutex);
     m_failing = call;
     m_code = code;
     m_hasFailed = false;
@@ -14,6 +17,7 @@ void FailingFileCalls::failAt(std::optional<int> call, int code)
 
 bool FailingFileCalls::fails(const char* call)
 {
+    const QMutexLocker lock(&m_mutex);
     const bool failing = m_failing && m_calls.size() == *m_failing;
     m_calls.append(QString::fromLatin1(call));
     if (failing) {

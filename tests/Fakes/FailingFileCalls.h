@@ -2,6 +2,7 @@
 
 #include "Platform/linux/PosixFileCalls.h"
 
+#include <QMutex>
 #include <QString>
 #include <QStringList>
 
@@ -37,6 +38,7 @@ public:
 private:
     [[nodiscard]] bool fails(const char* call);
 
+    QMutex m_mutex; ///< calls come from several threads at once
     std::optional<int> m_failing;
     int m_code = 0;
     bool m_hasFailed = false;
