@@ -54,7 +54,7 @@ QJsonArray EffectRecorder::take(const std::optional<QStringList>& kinds)
     const QMutexLocker lock(&m_mutex);
     QJsonArray taken;
     QJsonArray left;
-    for (const QJsonValue& each : std::as_const(m_effects)) {
+    for (const QJsonValue each : std::as_const(m_effects)) {
         const bool isAskedFor = !kinds || kinds->contains(each[kindKey].toString());
         (isAskedFor ? taken : left).append(each);
     }

@@ -33,7 +33,7 @@ std::optional<QList<T>> listFromJson(const QJsonValue& json)
     if (!json.isArray())
         return std::nullopt;
     QList<T> values;
-    for (const QJsonValue& each : json.toArray()) {
+    for (const QJsonValue each : json.toArray()) {
         const auto value = fromJson<T>(each);
         if (!value)
             return std::nullopt;

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <optional>
 
 #include <unistd.h>
 
@@ -81,10 +82,11 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     std::ios::sync_with_stdio(false);
 
-    const QTemporaryDir scratch;
-    const QString requested = jotwell::requestedHome(jotwell::listed(argc, argv));
-    const QString home =
-        QDir::cleanPath(QDir(requested.isEmpty() ? scratch.path() : requested).absolutePath());
+    std::optional<QTemporaryDir> scratch;
+    QString home = jotwell::requestedHome(jotwell::listed(argc, argv));
+    if (home.isEmpty())
+        home = scratch.emplace(QDir::tempPath() + QStringLiteral("/jotwell-driver-XXXXXX")).path();
+    home = QDir::cleanPath(QDir(home).absolutePath());
     if (!QDir().mkpath(home)) {
         std::cerr << "There can't be a folder " << home.toStdString() << '\n';
         return EXIT_FAILURE;
