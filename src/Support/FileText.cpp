@@ -32,7 +32,7 @@ private:
 // Reads on to the end of the file rather than to its size, which may change meanwhile.
 Result<QByteArray, SystemError> readToEnd(int descriptor, qsizetype expected)
 {
-    constexpr qsizetype step = 64 * 1024;
+    constexpr qsizetype step = 65536;
     QByteArray bytes;
     qsizetype filled = 0;
     for (;;) {
