@@ -1,13 +1,6 @@
 #include "Samples.h"
 
-#include "Platform/FileCalls.h"
-#include "Platform/FolderWatch.h"
 #include "Platform/NativePlatform.h"
-#include "Platform/Platform.h"
-#include "Platform/Workspace.h"
-#include "Platform/qt/IniDefaultsStore.h"
-#include "Platform/qt/QtScheduler.h"
-#include "Platform/qt/SystemClock.h"
 #include "Services/ObsidianService.h"
 #include "Services/SettingsService.h"
 #include "Services/ToastManager.h"
@@ -16,7 +9,6 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QTemporaryDir>
-#include <QThreadPool>
 
 #include <cstdlib>
 
@@ -84,17 +76,11 @@ int main(int argc, char** argv)
     QDir(folder.path()).mkdir(QStringLiteral("ours"));
     QDir(folder.path()).mkdir(QStringLiteral("bare"));
 
-    QThreadPool background;
-    SystemClock clock;
-    QtScheduler scheduler;
-    const auto files = makeFileCalls();
-    const auto folders = makeFolderWatcher();
-    const auto workspace = makeWorkspace();
-    IniDefaultsStore defaults(folder.filePath(QStringLiteral("Jotwell.ini")), *files);
-    const Platform platform{clock, scheduler, defaults, *files, *folders, *workspace, background};
-    SettingsService settings(defaults, [] { return ObsidianTemplates(); });
+    const NativePlatform native(folder.filePath(QStringLiteral("Jotwell.ini")));
+    const Platform& platform = native.platform();
+    SettingsService settings(platform.defaults, [] { return ObsidianTemplates(); });
     settings.setObsidianFolderPath(folder.filePath(QStringLiteral("ours")));
-    ToastManager toasts(scheduler);
+    ToastManager toasts(platform.scheduler);
     ObsidianService service(platform, settings, toasts);
 
     const QByteArray bareFolder = folder.filePath(QStringLiteral("bare")).toUtf8();

@@ -1,14 +1,8 @@
 #include "Samples.h"
 
-#include "Platform/FileCalls.h"
-#include "Platform/FolderWatch.h"
+#include "Platform/NativeParts.h"
 #include "Platform/NativePlatform.h"
-#include "Platform/Platform.h"
 #include "Platform/WindowSystem.h"
-#include "Platform/Workspace.h"
-#include "Platform/qt/IniDefaultsStore.h"
-#include "Platform/qt/QtScheduler.h"
-#include "Platform/qt/SystemClock.h"
 #include "Services/CommandService.h"
 #include "Services/SharedServices.h"
 #include "Services/ToastManager.h"
@@ -22,7 +16,6 @@
 #include <QQuickWindow>
 #include <QRasterWindow>
 #include <QTemporaryDir>
-#include <QThreadPool>
 #include <QTimer>
 
 #include <QtQml/qqmlextensionplugin.h>
@@ -137,18 +130,13 @@ int main(int argc, char** argv)
     installFonts();
 
     const QTemporaryDir folder;
-    QThreadPool background;
-    SystemClock clock;
-    QtScheduler scheduler;
-    const auto files = makeFileCalls();
-    const auto folders = makeFolderWatcher();
-    const auto workspace = makeWorkspace();
+    const NativePlatform native(folder.filePath(QStringLiteral("Jotwell.ini")));
+    const Platform& platform = native.platform();
     const auto windows = makeWindowSystem();
-    IniDefaultsStore defaults(folder.filePath(QStringLiteral("Jotwell.ini")), *files);
-    const Platform platform{clock, scheduler, defaults, *files, *folders, *workspace, background};
     installPlatform(platform);
     {
-        FloatingWindowView view(CommandService::shared(), ToastManager::shared(), scheduler);
+        FloatingWindowView view(CommandService::shared(), ToastManager::shared(),
+                                platform.scheduler);
         FloatingWindow window(view, *windows);
         BareWindow bare;
 

@@ -1,16 +1,10 @@
 #include "AppDelegate.h"
-#include "Platform/FileCalls.h"
-#include "Platform/FolderWatch.h"
 #include "Platform/InstanceDoor.h"
+#include "Platform/NativeParts.h"
 #include "Platform/NativePlatform.h"
-#include "Platform/Platform.h"
 #include "Platform/StatusItem.h"
 #include "Platform/TerminationSignals.h"
 #include "Platform/WindowSystem.h"
-#include "Platform/Workspace.h"
-#include "Platform/qt/IniDefaultsStore.h"
-#include "Platform/qt/QtScheduler.h"
-#include "Platform/qt/SystemClock.h"
 #include "Services/SharedServices.h"
 #include "Views/SymbolImageProvider.h"
 #include "Views/ViewResources.h"
@@ -67,14 +61,8 @@ QIcon statusIcon()
 // which it is to go again.
 int run(InstanceDoor& door)
 {
-    QThreadPool background;
-    SystemClock clock;
-    QtScheduler scheduler;
-    const auto files = makeFileCalls();
-    const auto folders = makeFolderWatcher();
-    const auto workspace = makeWorkspace();
-    IniDefaultsStore defaults(settingsFile(), *files);
-    const Platform platform{clock, scheduler, defaults, *files, *folders, *workspace, background};
+    const NativePlatform native(settingsFile());
+    const Platform& platform = native.platform();
     installPlatform(platform);
 
     const auto statusItem = makeStatusItem(statusIcon(), QStringLiteral("Jotwell"));
@@ -82,13 +70,13 @@ int run(InstanceDoor& door)
     const auto terminationSignals = makeTerminationSignals();
     int status = 0;
     {
-        AppDelegate delegate({door, *statusItem, *windows, *terminationSignals}, scheduler,
-                             background);
+        AppDelegate delegate({door, *statusItem, *windows, *terminationSignals}, platform.scheduler,
+                             platform.background);
         delegate.applicationDidFinishLaunching();
         status = QApplication::exec();
     }
     // Work that still hangs by now has had its time, and its thread can't be waited for.
-    if (!background.waitForDone(0))
+    if (!platform.background.waitForDone(0))
         std::_Exit(status);
     releaseSharedServices();
     return status;

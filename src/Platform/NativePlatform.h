@@ -1,31 +1,26 @@
 #pragma once
 
-#include <memory>
+#include "Platform/Platform.h"
 
-#include <QIcon>
 #include <QString>
+
+#include <memory>
 
 namespace jotwell {
 
-class FileCalls;
-class FolderWatcher;
-class InstanceDoor;
-class StatusItem;
-class TerminationSignals;
-class WindowSystem;
-class Workspace;
+/// The edge of the process as the running system has it, with all its parts. To be made behind the
+/// QCoreApplication; main thread.
+class NativePlatform {
+public:
+    /// The settings lie in `settingsFile`, which need not exist.
+    explicit NativePlatform(const QString& settingsFile);
+    ~NativePlatform();
 
-// The parts of the platform as the running system has them, for whoever starts the program. Only
-// the door and the file calls may be made before the QApplication.
+    [[nodiscard]] const Platform& platform() const;
 
-[[nodiscard]] std::unique_ptr<InstanceDoor> makeInstanceDoor();
-[[nodiscard]] std::unique_ptr<FileCalls> makeFileCalls();
-[[nodiscard]] std::unique_ptr<FolderWatcher> makeFolderWatcher();
-[[nodiscard]] std::unique_ptr<Workspace> makeWorkspace();
-[[nodiscard]] std::unique_ptr<WindowSystem> makeWindowSystem();
-[[nodiscard]] std::unique_ptr<TerminationSignals> makeTerminationSignals();
-/// `description` is what the item is called to those who can't see its icon.
-[[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(const QIcon& icon,
-                                                         const QString& description);
+private:
+    struct Parts;
+    std::unique_ptr<Parts> m_parts;
+};
 
 } // namespace jotwell

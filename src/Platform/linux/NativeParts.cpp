@@ -1,4 +1,4 @@
-#include "Platform/NativePlatform.h"
+#include "Platform/NativeParts.h"
 
 #include "Platform/linux/DBusInstanceDoor.h"
 #include "Platform/linux/InotifyFolderWatcher.h"

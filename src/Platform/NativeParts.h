@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QIcon>
+#include <QString>
+
+#include <memory>
+
+namespace jotwell {
+
+class FileCalls;
+class FolderWatcher;
+class InstanceDoor;
+class StatusItem;
+class TerminationSignals;
+class WindowSystem;
+class Workspace;
+
+// The parts of the platform as the running system has them, for whoever starts the program. Only
+// the door and the file calls may be made before the QApplication.
+
+[[nodiscard]] std::unique_ptr<InstanceDoor> makeInstanceDoor();
+[[nodiscard]] std::unique_ptr<FileCalls> makeFileCalls();
+[[nodiscard]] std::unique_ptr<FolderWatcher> makeFolderWatcher();
+[[nodiscard]] std::unique_ptr<Workspace> makeWorkspace();
+[[nodiscard]] std::unique_ptr<WindowSystem> makeWindowSystem();
+[[nodiscard]] std::unique_ptr<TerminationSignals> makeTerminationSignals();
+/// `description` is what the item is called to those who can't see its icon.
+[[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(const QIcon& icon,
+                                                         const QString& description);
+
+} // namespace jotwell
