@@ -101,7 +101,7 @@ Result<ObsidianTemplates, DecodingError> decodeTemplates(const QByteArray& json)
     if (!document->isArray())
         return DecodingError{QStringLiteral("The templates must be an array.")};
     ObsidianTemplates templates;
-    for (const QJsonValue& each : document->array()) {
+    for (const auto each : document->array()) {
         const auto decoded = templateFromJson(each);
         if (!decoded)
             return decoded.error();
