@@ -50,10 +50,11 @@ TEST_F(CommandServiceTest, FindsTheFirstCommandInTheOrderOfTheCommands)
     EXPECT_EQ(commands.findCommand(u"buy milk"_qs), std::nullopt);
 }
 
-TEST_F(CommandServiceTest, NewNoteTakesTheWholeText)
+TEST_F(CommandServiceTest, NewNoteTakesTheWholeTextAndDeliversNoList)
 {
-    EXPECT_TRUE(execute(Command::newNote, u"milk /new_note $Inbox #tag"_qs));
-    EXPECT_THAT(vault.names(), ElementsAre(u"milk  $Inbox #tag - 2024-03-05 144607.md"_qs));
+    settings.setObsidianTemplates({regular(u"Bare"_qs, u"{{content}}"_qs)});
+    EXPECT_TRUE(execute(Command::newNote, u"milk  a\t/new_note $Inbox #tag\n\nbread"_qs));
+    EXPECT_EQ(onlyNote(), "milk  a\t $Inbox #tag\n\nbread");
     EXPECT_THAT(events, ElementsAre(u"Note created successfully!"_qs));
 }
 
@@ -107,12 +108,6 @@ TEST_F(CommandServiceTest, FailedNoteIsFalseWithTheNoteServicesToastAlone)
     edge.files.failAt(1, ENOSPC);
     EXPECT_FALSE(execute(Command::newNote, u"/new_note a"_qs));
     EXPECT_THAT(events, ElementsAre(u"Can't create a note: No space left on device"_qs));
-}
-
-TEST_F(CommandServiceTest, NewNoteDeliversNoList)
-{
-    EXPECT_TRUE(execute(Command::newNote, u"/new_note a"_qs));
-    EXPECT_THAT(events, ElementsAre(u"Note created successfully!"_qs));
 }
 
 TEST_F(CommandServiceTest, RecentNotesWithoutDollarAreOfTheWholeVault)

@@ -3,6 +3,8 @@
 #include "Models/Uuid.h"
 #include "Services/TemplateSyncFixture.h"
 
+#include <QDir>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -157,6 +159,9 @@ TEST_F(TemplateSyncServiceTest, EmptyFolderIsAnEmptyListUnderWatch)
 
 TEST_F(TemplateSyncServiceTest, WithoutAFolderThereIsNeitherListNorWatch)
 {
+    m_folder.put(u"a.md"_qs); // no path is not the current folder
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(m_folder.path()));
     for (const std::optional<QString>& path :
          {std::optional<QString>(), std::optional(QString())}) {
         m_settings.setTemplatesFolderPath(path);
@@ -165,6 +170,7 @@ TEST_F(TemplateSyncServiceTest, WithoutAFolderThereIsNeitherListNorWatch)
         EXPECT_THAT(m_edge.folders.watched(), IsEmpty());
         EXPECT_EQ(m_service->folderMonitor(), nullptr);
     }
+    QDir::setCurrent(before);
 }
 
 TEST_F(TemplateSyncServiceTest, FolderThatCannotBeListedIsAnEmptyList)
