@@ -7,11 +7,24 @@
 #include <QQuickItem>
 #include <QScopedValueRollback>
 #include <QTextBoundaryFinder>
+#include <QTextCursor>
 #include <QTextDocument>
 
 #include <algorithm>
 
 namespace jotwell {
+
+namespace {
+
+// As one edit that the user can undo: what they typed is never gone for good.
+void replaceAll(QTextDocument& document, const QString& text)
+{
+    QTextCursor cursor(&document);
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(text);
+}
+
+} // namespace
 
 int cursorAfterUpdate(const QString& text)
 {
@@ -99,7 +112,7 @@ void CustomTextEditor::takeOver(const QString& text)
     m_mirrored = text;
     if (plainText(*m_document) != text) {
         const QScopedValueRollback takingOver(m_isTakingOver, true);
-        m_document->setPlainText(text);
+        replaceAll(*m_document, text);
     }
     emit cursorMoved(cursorAfterUpdate(text));
 }

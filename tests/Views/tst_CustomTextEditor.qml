@@ -95,6 +95,15 @@ TestCase {
         compare(bench.text, "abcdefghij")
     }
 
+    function test_undo_brings_back_what_a_command_has_cleared() {
+        type("Call Ada /new_note")
+        keyClick(Qt.Key_Return, Qt.ControlModifier)
+        tryCompare(area, "text", "")
+        keySequence(StandardKey.Undo)
+        compare(area.text, "Call Ada /new_note")
+        compare(bench.text, "Call Ada /new_note")
+    }
+
     function test_composition_is_kept_and_not_sent() {
         type("x")
         bench.compose("ni")
