@@ -8,6 +8,7 @@
 #include "Services/ToastManager.h"
 #include "Services/VaultFolder.h"
 #include "Support/Background.h"
+#include "Support/FolderWalk.h"
 
 #include <QUrl>
 

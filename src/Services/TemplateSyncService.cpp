@@ -3,9 +3,9 @@
 #include "Models/Uuid.h"
 #include "Platform/Platform.h"
 #include "Services/SettingsService.h"
-#include "Services/VaultFolder.h"
 #include "Support/Background.h"
 #include "Support/FileText.h"
+#include "Support/FolderWalk.h"
 #include "Support/TextUnits.h"
 
 #include <QCryptographicHash>
@@ -56,7 +56,15 @@ ObsidianTemplates templatesIn(const QString& folder, const QHash<QString, bool>&
 
 QString TemplateSyncError::errorDescription() const
 {
-    return QStringLiteral("Template is not synced with a file");
+    switch (kind) {
+    case Kind::writeError:
+        return QStringLiteral("Failed to write template file: ") + underlying.description();
+    case Kind::notSyncedTemplate:
+        return QStringLiteral("Template is not synced with a file");
+    case Kind::fileNotFound:
+        return QStringLiteral("Template file not found");
+    }
+    Q_UNREACHABLE();
 }
 
 TemplateSyncService::TemplateSyncService(const Platform& platform, SettingsService& settings)
@@ -85,10 +93,10 @@ void TemplateSyncService::startMonitoring()
     if (folder.isEmpty())
         return;
     stopMonitoring();
-    loadSyncedTemplates();
     m_folderMonitor =
         std::make_unique<FileSystemMonitor>(m_platform.folders, folder, [this] { reload(); });
     m_folderMonitor->start();
+    loadSyncedTemplates(); // behind the start, so that nothing that comes in between is missed
 }
 
 void TemplateSyncService::stopMonitoring()

@@ -18,9 +18,10 @@ struct Platform;
 
 /// What keeps a template from being saved to a file.
 struct TemplateSyncError {
-    enum class Kind { notSyncedTemplate };
+    enum class Kind { writeError, notSyncedTemplate, fileNotFound };
 
     Kind kind = Kind::notSyncedTemplate;
+    SystemError underlying; ///< of a `writeError`
 
     [[nodiscard]] QString errorDescription() const;
     bool operator==(const TemplateSyncError&) const = default;

@@ -42,25 +42,18 @@ NoteSearchResults recentNotesBelow(const QString& folder, qsizetype count)
     std::stable_sort(notes.begin(), notes.end(), [](const DatedNote& left, const DatedNote& right) {
         return left.changed > right.changed;
     });
+    notes.resize(std::min(notes.size(), static_cast<size_t>(count)));
     NoteSearchResults recent;
-    for (qsizetype each = 0; each < std::min<qsizetype>(count, std::ssize(notes)); ++each)
-        recent.append(NoteSearchResult::forPath(notes[static_cast<size_t>(each)].path));
+    for (const DatedNote& note : notes)
+        recent.append(NoteSearchResult::forPath(note.path));
     return recent;
 }
 
 QStringList topLevelFolders(const QString& folder)
 {
-    QStringList names;
-    const QDir listed(folder);
-    for (const QString& name : listed.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted))
-        names.append(name);
+    QStringList names = QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
     std::sort(names.begin(), names.end(), precedesByCodePoint);
     return names;
-}
-
-QString pathBelow(const QString& folder, const QString& name)
-{
-    return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
 }
 
 } // namespace jotwell

@@ -22,7 +22,4 @@ namespace jotwell {
 /// none if it can't be listed.
 [[nodiscard]] QStringList topLevelFolders(const QString& folder);
 
-/// `name` below `folder`, with one slash between them.
-[[nodiscard]] QString pathBelow(const QString& folder, const QString& name);
-
 } // namespace jotwell

@@ -2,8 +2,8 @@
 
 #include "Platform/FileCalls.h"
 
+#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QRandomGenerator>
 
 #include <cerrno>
@@ -66,7 +66,9 @@ Result<Target, SystemError> resolved(const QString& path)
 {
     if (path.isEmpty() || path.contains(QChar::Null))
         return SystemError{EINVAL};
-    const auto followed = linkFollowed(QFile::encodeName(QFileInfo(path).absoluteFilePath()));
+    // Not cleaned: behind a link to a folder, ".." is another folder than the text says.
+    const QString absolute = path.startsWith(u'/') ? path : QDir::currentPath() + u'/' + path;
+    const auto followed = linkFollowed(QFile::encodeName(absolute));
     if (!followed)
         return followed.error();
     Target target{*followed, followed->first(std::max<qsizetype>(followed->lastIndexOf('/'), 1)),

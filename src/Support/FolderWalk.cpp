@@ -30,16 +30,11 @@ bool isFolder(DIR* parent, const dirent& entry)
            S_ISDIR(status.st_mode);
 }
 
-QString withoutTrailingSlash(const QString& folder)
-{
-    return folder.size() > 1 && folder.endsWith(u'/') ? folder.chopped(1) : folder;
-}
-
 } // namespace
 
 void walkFolder(const QString& folder, const std::function<void(const FolderEntry&)>& visit)
 {
-    std::vector<QString> pending{withoutTrailingSlash(folder)};
+    std::vector<QString> pending{folder};
     while (!pending.empty()) {
         const QString path = std::move(pending.back());
         pending.pop_back();
@@ -53,12 +48,20 @@ void walkFolder(const QString& folder, const std::function<void(const FolderEntr
             const auto name = nameFrom(each->d_name);
             if (!name)
                 continue;
-            const FolderEntry entry{path + u'/' + *name, *name, isFolder(listing.get(), *each)};
+            const FolderEntry entry{pathBelow(path, *name), *name, isFolder(listing.get(), *each)};
             visit(entry);
             if (entry.isFolder)
                 pending.push_back(entry.path);
         }
     }
+}
+
+QString pathBelow(const QString& folder, const QString& name)
+{
+    qsizetype length = folder.size();
+    while (length > 0 && folder[length - 1] == u'/')
+        --length;
+    return folder.first(length) + u'/' + name;
 }
 
 std::optional<std::chrono::system_clock::time_point> modificationTime(const QString& path)

@@ -20,6 +20,9 @@ struct FolderEntry {
 /// are passed over in silence. Blocking; any thread.
 void walkFolder(const QString& folder, const std::function<void(const FolderEntry&)>& visit);
 
+/// `name` below `folder`, with one slash between them.
+[[nodiscard]] QString pathBelow(const QString& folder, const QString& name);
+
 /// Modification time of the entry itself, not of what a link leads to; none if it can't be had.
 [[nodiscard]] std::optional<std::chrono::system_clock::time_point>
 modificationTime(const QString& path);

@@ -72,6 +72,11 @@ TEST_F(WatchedTemplates, SaveOfARegularOneFails)
     const auto saved = m_service->saveTemplate(regular);
     EXPECT_EQ(saved.error(), TemplateSaveError(TemplateSyncError()));
     EXPECT_EQ(TemplateSyncError().errorDescription(), u"Template is not synced with a file"_qs);
+    EXPECT_EQ((TemplateSyncError{TemplateSyncError::Kind::fileNotFound, {}}.errorDescription()),
+              u"Template file not found"_qs);
+    EXPECT_EQ((TemplateSyncError{TemplateSyncError::Kind::writeError, SystemError{ENOSPC}}
+                   .errorDescription()),
+              u"Failed to write template file: No space left on device"_qs);
     EXPECT_EQ(named(u"a"_qs).content, u"a"_qs);
     EXPECT_EQ(m_folder.bytesOf(u"a.md"_qs), "a");
 }

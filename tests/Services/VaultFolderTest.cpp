@@ -227,13 +227,6 @@ TEST_F(VaultFolderTest, WhatCannotBeListedHasNoFolders)
     EXPECT_THAT(topLevelFolders(m_vault.pathOf(u"file"_qs)), IsEmpty());
 }
 
-TEST_F(VaultFolderTest, TrailingSlashMakesNoSecondOne)
-{
-    EXPECT_EQ(pathBelow(u"/vault"_qs, u"a b"_qs), u"/vault/a b"_qs);
-    EXPECT_EQ(pathBelow(u"/vault/"_qs, u"a b"_qs), u"/vault/a b"_qs);
-    EXPECT_EQ(pathBelow(u"/"_qs, u"a"_qs), u"/a"_qs);
-}
-
 } // namespace
 
 } // namespace jotwell

@@ -140,6 +140,14 @@ TEST_P(AtomicFileOn, ASymbolicLinkStaysAndItsTargetIsWritten)
     EXPECT_EQ(names(), (QStringList{u"hop.md"_qs, u"note.md"_qs, u"real"_qs}));
 }
 
+TEST_P(AtomicFileOn, TheFolderAboveALinkedOneIsAsTheSystemSeesIt)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkpath(u"far/away"_qs));
+    ASSERT_EQ(::symlink("far/away", qPrintable(m_folder.filePath(u"link"_qs))), 0);
+    EXPECT_TRUE(m_file.write(m_folder.filePath(u"link/../a.md"_qs), newBytes));
+    EXPECT_EQ(bytesAt(m_folder.filePath(u"far/a.md"_qs)), newBytes);
+}
+
 TEST_P(AtomicFileOn, ALinkToNothingMakesItsTarget)
 {
     ASSERT_EQ(::symlink("later.md", qPrintable(path())), 0);

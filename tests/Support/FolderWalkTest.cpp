@@ -99,6 +99,14 @@ TEST_F(FolderWalk, FoldersDeeperThanAPathCanNameEndTheWayDown)
     EXPECT_EQ(::system(qPrintable(u"rm -rf '%1/dd'"_qs.arg(m_folder.path()))), 0);
 }
 
+TEST(PathBelow, HasOneSlashBeforeTheName)
+{
+    EXPECT_EQ(pathBelow(u"/vault"_qs, u"a b"_qs), u"/vault/a b"_qs);
+    EXPECT_EQ(pathBelow(u"/vault/"_qs, u"a b"_qs), u"/vault/a b"_qs);
+    EXPECT_EQ(pathBelow(u"/vault//"_qs, u"a"_qs), u"/vault/a"_qs);
+    EXPECT_EQ(pathBelow(u"/"_qs, u"a"_qs), u"/a"_qs);
+}
+
 TEST_F(FolderWalk, ModificationTimeIsThatOfTheLinkItself)
 {
     makeFile(u"old.md"_qs);

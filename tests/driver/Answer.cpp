@@ -17,6 +17,19 @@ QString nameOf(ObsidianError::Kind kind)
     Q_UNREACHABLE();
 }
 
+QString nameOf(TemplateSyncError::Kind kind)
+{
+    switch (kind) {
+    case TemplateSyncError::Kind::writeError:
+        return QStringLiteral("TemplateSyncError.writeError");
+    case TemplateSyncError::Kind::notSyncedTemplate:
+        return QStringLiteral("TemplateSyncError.notSyncedTemplate");
+    case TemplateSyncError::Kind::fileNotFound:
+        return QStringLiteral("TemplateSyncError.fileNotFound");
+    }
+    Q_UNREACHABLE();
+}
+
 } // namespace
 
 Failure badRequest(const QString& message)
@@ -41,7 +54,7 @@ Failure failureOf(const DecodingError& error)
 
 Failure failureOf(const TemplateSyncError& error)
 {
-    return {QStringLiteral("TemplateSyncError.notSyncedTemplate"), error.errorDescription()};
+    return {nameOf(error.kind), error.errorDescription()};
 }
 
 } // namespace jotwell
