@@ -2,6 +2,7 @@
 
 extern "C" {
 
+// NOLINTBEGIN(bugprone-reserved-identifier): the names are the sanitizers' own.
 const char* __asan_default_options();
 const char* __lsan_default_suppressions();
 const char* __tsan_default_options();
@@ -24,5 +25,7 @@ const char* __tsan_default_options()
 {
     return "ignore_noninstrumented_modules=1";
 }
+
+// NOLINTEND(bugprone-reserved-identifier)
 
 } // extern "C"

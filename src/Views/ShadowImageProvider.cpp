@@ -50,7 +50,7 @@ QImage ShadowImageProvider::requestImage(const QString& id, QSize* size, const Q
 {
     const int radius = id.section(QLatin1Char('/'), 0, 0).toInt();
     const int blur = id.section(QLatin1Char('/'), 1, 1).toInt();
-    const QImage image = shadowImage(std::clamp(radius, 0, 64), std::clamp(blur, 1, 64));
+    QImage image = shadowImage(std::clamp(radius, 0, 64), std::clamp(blur, 1, 64));
     if (size)
         *size = image.size();
     return image;

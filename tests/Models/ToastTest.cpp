@@ -9,7 +9,7 @@ namespace jotwell {
 
 namespace {
 
-using std::chrono_literals::operator""s;
+using namespace std::chrono_literals;
 
 struct ToastTypeRow {
     const char* name;

@@ -12,8 +12,7 @@ namespace jotwell {
 
 namespace {
 
-using std::chrono_literals::operator""ms;
-using std::chrono_literals::operator""s;
+using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Transition = ToastManager::Transition;

@@ -17,7 +17,7 @@ class FileText : public testing::Test {
 protected:
     QString file(const QByteArray& bytes)
     {
-        const QString path = m_folder.filePath(u"file"_qs);
+        QString path = m_folder.filePath(u"file"_qs);
         QFile target(path);
         EXPECT_TRUE(target.open(QIODevice::WriteOnly));
         target.write(bytes);

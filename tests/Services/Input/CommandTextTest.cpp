@@ -46,7 +46,7 @@ struct NameRow {
 
 class ParameterIn : public testing::TestWithParam<NameRow> {};
 
-NameRow sameForBoth(const char* name, const QString& text, std::optional<QString> found)
+NameRow sameForBoth(const char* name, const QString& text, const std::optional<QString>& found)
 {
     return {name, text, found, found};
 }
