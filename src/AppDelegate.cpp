@@ -6,11 +6,13 @@
 #include "Platform/TerminationSignals.h"
 #include "Services/CommandService.h"
 #include "Services/SettingsService.h"
+#include "Services/TemplateSyncService.h"
 #include "Services/ToastManager.h"
 #include "Support/Logging.h"
 #include "Views/FloatingWindow.h"
 #include "Views/FloatingWindowView.h"
 
+#include <QDeadlineTimer>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QThreadPool>
@@ -25,7 +27,8 @@ constexpr auto idlePollInterval = 5ms;
 // Two turns: a result that has just arrived may make its receiver start the next piece of work.
 constexpr int idleTurnsNeeded = 2;
 // A file system that doesn't answer any more must not keep the program alive for ever.
-constexpr int idleTurnsAtMost = 30s / idlePollInterval;
+constexpr auto longestWait = 30s;
+constexpr int idleTurnsAtMost = longestWait / idlePollInterval;
 
 } // namespace
 
@@ -47,6 +50,8 @@ void AppDelegate::applicationDidFinishLaunching()
                           [this](const QString& name) { performAction(name); });
     refreshMenuBar();
     setupFloatingWindow();
+    // Reads its folder when it is made: now, rather than when the first note is waiting for it.
+    m_scheduler.after({}, this, [] { static_cast<void>(TemplateSyncService::shared()); });
 }
 
 void AppDelegate::setupFloatingWindow()
@@ -141,10 +146,11 @@ void AppDelegate::quitWhenIdle(int idleTurns, int turnsLeft)
 
 void AppDelegate::finishBackgroundWork()
 {
+    const QDeadlineTimer deadline(longestWait);
     do {
-        m_background.waitForDone();
+        m_background.waitForDone(static_cast<int>(deadline.remainingTime()));
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    } while (m_background.activeThreadCount() > 0);
+    } while (m_background.activeThreadCount() > 0 && !deadline.hasExpired());
 }
 
 } // namespace jotwell

@@ -70,7 +70,6 @@ QString TemplateSyncError::errorDescription() const
 TemplateSyncService::TemplateSyncService(const Platform& platform, SettingsService& settings)
     : m_platform(platform), m_settings(settings), m_files(platform.files)
 {
-    loadSyncedTemplates();
     startMonitoring();
 }
 

@@ -4,7 +4,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QMutex>
 #include <QRandomGenerator>
+#include <QSet>
 
 #include <cerrno>
 #include <memory>
@@ -84,6 +86,17 @@ Result<Target, SystemError> resolved(const QString& path)
     return target;
 }
 
+// A write that was killed left its temporary to the next process: one look for each folder will do.
+bool isFirstWriteInto(const QByteArray& folder)
+{
+    static QMutex mutex;
+    static QSet<QByteArray> known;
+    const QMutexLocker lock(&mutex);
+    const bool isFirst = !known.contains(folder);
+    known.insert(folder);
+    return isFirst;
+}
+
 class Descriptor {
 public:
     Descriptor(FileCalls& calls, int number) : m_calls(&calls), m_number(number) {}
@@ -110,7 +123,7 @@ public:
         : m_calls(calls), m_target(target), m_mode(mode),
           m_folder(calls,
                    calls.open(target.folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0)),
-          m_folderError(SystemError::last())
+          m_folderError(SystemError::last()), m_replaces(target.mode.has_value())
     {
     }
 
@@ -134,12 +147,15 @@ private:
 
     Outcome runNameless(const Descriptor& file, const QByteArray& bytes)
     {
+        if (isFirstWriteInto(m_target.folder))
+            removeStaleTemporaries();
         if (const auto filled = fill(file, bytes); !filled)
             return filled;
         if (m_calls.linkNameless(file.number(), m_target.path.constData()) == 0)
             return syncedOrUndone([this] { m_calls.unlink(m_target.path.constData()); });
         if (errno != EEXIST)
             return SystemError::last();
+        m_replaces = true;
         removeStaleTemporaries();
         const QByteArray temporary = temporaryName(m_target.folder);
         if (m_calls.linkNameless(file.number(), temporary.constData()) != 0)
@@ -188,7 +204,7 @@ private:
     {
         const char* const from = temporary.constData();
         const char* const to = m_target.path.constData();
-        if (m_target.mode && m_calls.exchange(from, to) == 0) {
+        if (m_replaces && m_calls.exchange(from, to) == 0) {
             const auto synced = syncedOrUndone([&] { m_calls.exchange(from, to); });
             m_calls.unlink(from);
             return synced;
@@ -198,7 +214,7 @@ private:
             m_calls.unlink(from);
             return error;
         }
-        if (m_target.mode) { // replaced without a way back: it stands, whatever the sync says
+        if (m_replaces) { // replaced without a way back: it stands, whatever the sync says
             m_calls.fsync(m_folder.number());
             return {};
         }
@@ -238,6 +254,7 @@ private:
     mode_t m_mode;
     Descriptor m_folder;
     SystemError m_folderError;
+    bool m_replaces; ///< a file of that name is there, or has come meanwhile
 };
 
 } // namespace

@@ -4,10 +4,8 @@
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 
-#include <cstdlib>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 
 namespace jotwell {
@@ -17,13 +15,12 @@ namespace {
 icu::Locale dateLocale()
 {
     for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
-        const char* set = std::getenv(variable);
-        const std::string_view name = set ? set : "";
-        if (name.empty())
+        const QByteArray name = qgetenv(variable); // unlike getenv, safe beside a qputenv
+        if (name.isEmpty())
             continue;
-        if (name == "C" || name == "POSIX" || name.starts_with("C."))
+        if (name == "C" || name == "POSIX" || name.startsWith("C."))
             return icu::Locale("en_US_POSIX");
-        return icu::Locale::createFromName(set);
+        return icu::Locale::createFromName(name.constData());
     }
     return icu::Locale("en_US_POSIX");
 }

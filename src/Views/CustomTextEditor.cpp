@@ -6,6 +6,7 @@
 
 #include <QQuickItem>
 #include <QScopedValueRollback>
+#include <QTextBlock>
 #include <QTextBoundaryFinder>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -22,6 +23,26 @@ void replaceAll(QTextDocument& document, const QString& text)
     QTextCursor cursor(&document);
     cursor.select(QTextCursor::Document);
     cursor.insertText(text);
+}
+
+// Characters without a blank between them from which on a word counts as endless.
+constexpr qsizetype endlessLength = 4000;
+
+bool hasEndlessWordIn(QStringView text)
+{
+    qsizetype length = 0;
+    return std::any_of(text.begin(), text.end(), [&length](QChar c) {
+        length = c.isSpace() ? 0 : length + 1;
+        return length >= endlessLength;
+    });
+}
+
+// What a change from `before` to `after` has put in, if it has only put in.
+QString insertedText(const QString& before, const QString& after)
+{
+    const auto differing = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
+    const auto length = std::max<qsizetype>(after.size() - before.size(), 0);
+    return after.mid(differing.second - after.begin(), length);
 }
 
 } // namespace
@@ -74,6 +95,8 @@ void CustomTextEditor::attach(QQuickTextDocument* document)
     if (auto* area = qobject_cast<QQuickItem*>(document->parent()))
         area->setFlag(QQuickItem::ItemObservesViewport);
     m_document = document->textDocument();
+    connect(m_document, &QTextDocument::contentsChange, this,
+            &CustomTextEditor::documentIsChanging);
     connect(m_document, &QTextDocument::contentsChanged, this, &CustomTextEditor::documentChanged);
     update();
 }
@@ -96,9 +119,11 @@ bool CustomTextEditor::handleKey(int key, int modifiers, bool isRepeat)
 
 void CustomTextEditor::update()
 {
+    const bool force = m_model.forceTextUpdate();
+    if (m_isComposing)
+        m_isHeldUp = force;
     if (!m_document || m_isComposing)
         return;
-    const bool force = m_model.forceTextUpdate();
     if (!force && (m_isEditing || m_model.text() == m_mirrored))
         return;
     m_isEditing = false;
@@ -110,6 +135,7 @@ void CustomTextEditor::update()
 void CustomTextEditor::takeOver(const QString& text)
 {
     m_mirrored = text;
+    m_isHeldUp = false;
     if (plainText(*m_document) != text) {
         const QScopedValueRollback takingOver(m_isTakingOver, true);
         replaceAll(*m_document, text);
@@ -117,17 +143,44 @@ void CustomTextEditor::takeOver(const QString& text)
     emit cursorMoved(cursorAfterUpdate(text));
 }
 
+// Before the new text is laid out.
+void CustomTextEditor::documentIsChanging(int position, int /*removed*/, int added)
+{
+    if (m_hasEndlessWord || added == 0)
+        return;
+    // The words that the change touches are within its paragraphs.
+    const QTextBlock last = m_document->findBlock(position + added);
+    for (QTextBlock block = m_document->findBlock(position); block.isValid();
+         block = block.next()) {
+        setHasEndlessWord(hasEndlessWordIn(block.text()));
+        if (m_hasEndlessWord || block == last)
+            return;
+    }
+}
+
+void CustomTextEditor::setHasEndlessWord(bool has)
+{
+    if (m_hasEndlessWord == has)
+        return;
+    m_hasEndlessWord = has;
+    emit hasEndlessWordChanged();
+}
+
 void CustomTextEditor::documentChanged()
 {
+    if (m_hasEndlessWord)
+        setHasEndlessWord(hasEndlessWordIn(plainText(*m_document)));
     if (m_isTakingOver)
         return;
     // The document also changes with each step of a composition, while its text stays the same.
     const QString text = plainText(*m_document);
     if (text == m_mirrored)
         return;
+    // A rewrite that a composition has held up stands, and what was composed goes behind it.
+    const QString edited = m_isHeldUp ? m_model.text() + insertedText(m_mirrored, text) : text;
     m_mirrored = text;
     m_isEditing = true;
-    m_model.setText(text);
+    m_model.setText(edited);
 }
 
 } // namespace jotwell

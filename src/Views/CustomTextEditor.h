@@ -32,6 +32,7 @@ class CustomTextEditor : public QObject {
 
     Q_PROPERTY(QString placeholder READ placeholder CONSTANT)
     Q_PROPERTY(bool isComposing READ isComposing WRITE setIsComposing NOTIFY isComposingChanged)
+    Q_PROPERTY(bool hasEndlessWord READ hasEndlessWord NOTIFY hasEndlessWordChanged)
 
 public:
     CustomTextEditor(CommandTemplateState& model, Scheduler& scheduler, QString placeholder,
@@ -46,6 +47,10 @@ public:
     [[nodiscard]] bool isComposing() const { return m_isComposing; }
     void setIsComposing(bool composing);
 
+    /// The text holds a word of thousands of characters, such as an encoded picture: looking for
+    /// places to wrap it would take the square of its length.
+    [[nodiscard]] bool hasEndlessWord() const { return m_hasEndlessWord; }
+
     /// The text area has made its document.
     Q_INVOKABLE void attach(QQuickTextDocument* document);
     /// The text area has lost the keyboard to another part of the window.
@@ -55,13 +60,16 @@ public:
 
 signals:
     void isComposingChanged();
+    void hasEndlessWordChanged();
     /// The text area is to put its cursor there.
     void cursorMoved(int position);
 
 private:
     void update();
     void takeOver(const QString& text);
+    void documentIsChanging(int position, int removed, int added);
     void documentChanged();
+    void setHasEndlessWord(bool has);
 
     CommandTemplateState& m_model;
     Scheduler& m_scheduler;
@@ -72,6 +80,8 @@ private:
     bool m_isEditing = false;
     bool m_isComposing = false;
     bool m_isTakingOver = false;
+    bool m_isHeldUp = false; ///< a rewrite waits for the end of a composition
+    bool m_hasEndlessWord = false;
 };
 
 } // namespace jotwell

@@ -23,7 +23,7 @@ Flickable {
         // Has the keyboard as soon as the window has it, so that no key is ever lost.
         focus: true
         textFormat: TextEdit.PlainText
-        wrapMode: TextEdit.Wrap
+        wrapMode: editor.coordinator.hasEndlessWord ? TextEdit.WrapAnywhere : TextEdit.Wrap
         selectByMouse: true
         persistentSelection: true
         padding: 5

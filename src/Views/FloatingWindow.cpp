@@ -62,6 +62,7 @@ void FloatingWindow::makeKeyAndOrderFront()
 {
     // A window manager forgets these when it takes a window off the screen.
     m_windowSystem.makeAccessory(this);
+    m_isCompositing = m_windowSystem.isCompositing();
     updateMask();
     show();
     m_windowSystem.activate(this);
@@ -76,7 +77,7 @@ void FloatingWindow::updateMask()
 {
     const QObject& root = *rootObject();
     const QRectF card = m_card->mapRectToScene(m_card->boundingRect());
-    if (m_windowSystem.isCompositing()) {
+    if (m_isCompositing) {
         const double margin = root.property("padding").toDouble();
         setColor(Qt::transparent);
         setMask(card.adjusted(-margin, -margin, margin, margin).toAlignedRect());

@@ -40,6 +40,7 @@ private:
     WindowSystem& m_windowSystem;
     QPointer<QQuickItem> m_card;
     bool m_hasAppeared = false;
+    bool m_isCompositing = true; ///< when it was last shown
 };
 
 } // namespace jotwell

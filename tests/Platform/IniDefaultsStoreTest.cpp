@@ -15,6 +15,7 @@
 #include <cerrno>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace jotwell {
 
@@ -183,6 +184,40 @@ TEST_F(IniDefaultsStoreTest, AWriteOverADamagedFileKeepsItAside)
     const auto kept = readFile(path() + QStringLiteral(".damaged"));
     ASSERT_TRUE(kept);
     EXPECT_EQ(*kept, damaged);
+}
+
+TEST_F(IniDefaultsStoreTest, ASecondDamageIsKeptBesideTheFirst)
+{
+    put("[General]\nthe first\n");
+    m_store.setInteger(key, 1);
+    put("[General]\nthe second one\n");
+    m_store.setInteger(key, 2);
+    EXPECT_TRUE(QFile::exists(path() + QStringLiteral(".damaged")));
+    EXPECT_TRUE(QFile::exists(path() + QStringLiteral(".damaged-2")));
+}
+
+TEST_F(IniDefaultsStoreTest, ADamagedFileThatCannotBeReplacedStaysInItsPlace)
+{
+    const QByteArray damaged = "[General]\nGood=1\nthis line is none\n";
+    put(damaged);
+    m_calls.failAt(4, ENOSPC);
+    m_store.setInteger(key, 2);
+    EXPECT_TRUE(m_calls.hasFailed());
+    EXPECT_EQ(bytes(), damaged);
+    EXPECT_FALSE(QFile::exists(path() + QStringLiteral(".damaged")));
+    EXPECT_EQ(m_store.integer(key), 2);
+}
+
+TEST_F(IniDefaultsStoreTest, AFileThatCannotBeReadIsNotWritten)
+{
+    if (::geteuid() == 0)
+        GTEST_SKIP() << "nothing is unreadable for root";
+    put("[General]\nGood=1\n");
+    ASSERT_EQ(::chmod(qPrintable(path()), 0), 0);
+    m_store.setInteger(key, 2);
+    EXPECT_EQ(m_store.integer(key), 2);
+    ASSERT_EQ(::chmod(qPrintable(path()), 0600), 0);
+    EXPECT_EQ(bytes(), "[General]\nGood=1\n");
 }
 
 TEST_F(IniDefaultsStoreTest, ValuesThatCannotBeWrittenHoldForTheProcess)

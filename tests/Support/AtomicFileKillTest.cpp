@@ -44,8 +44,8 @@ TEST(AtomicFileKill, TwoHundredKillsLeaveEveryNoteWholeOrAbsent)
         writer.kill();
         writer.waitForFinished();
 
-        FailingFileCalls calls; // the next write clears what a kill within a replacement left
-        ASSERT_TRUE(AtomicFile(calls).write(folder.filePath(QStringLiteral("same.md")),
+        FailingFileCalls calls; // the first write clears what a kill within a replacement left
+        ASSERT_TRUE(AtomicFile(calls).write(folder.filePath(QStringLiteral("next.md")),
                                             QByteArray(noteSize, 'z')));
         for (const QString& name : namesIn(folder)) {
             ASSERT_TRUE(name.endsWith(u".md")) << kill << qPrintable(name);

@@ -134,6 +134,20 @@ TEST_F(FloatingWindowTest, MaskFollowsACompositorThatCame)
     EXPECT_EQ(window.mask().boundingRect().width(), 860);
 }
 
+// Looking for places to wrap it would take minutes.
+TEST_F(FloatingWindowTest, LargePasteWithoutABlankComesThroughWhole)
+{
+    const QString text(3'000'000, u'x');
+    QGuiApplication::clipboard()->setText(text);
+    show();
+    QTest::keySequence(&window, QKeySequence::Paste);
+    EXPECT_TRUE(bench.text() == text);
+    EXPECT_TRUE(bench.floatingWindowView.editor()->hasEndlessWord());
+    QTest::keySequence(&window, QKeySequence::SelectAll);
+    QTest::keyClick(&window, Qt::Key_Backspace);
+    EXPECT_FALSE(bench.floatingWindowView.editor()->hasEndlessWord());
+}
+
 TEST_F(FloatingWindowTest, LargePasteComesThroughWhole)
 {
     QString text;

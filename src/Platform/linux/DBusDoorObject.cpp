@@ -4,15 +4,11 @@ namespace jotwell {
 
 namespace {
 
-// The window system wants to see what the caller was given when it was started, or it may refuse
+// A Wayland compositor wants to see what the caller was given when it was started, or it may refuse
 // the window the keyboard. Qt looks for it in the environment.
 void takeActivationToken(const QVariantMap& platformData)
 {
-    const QString startupId = platformData.value(QStringLiteral("desktop-startup-id")).toString();
-    const QString token =
-        platformData.value(QStringLiteral("activation-token"), startupId).toString();
-    if (!startupId.isEmpty())
-        qputenv("DESKTOP_STARTUP_ID", startupId.toUtf8());
+    const QString token = platformData.value(QStringLiteral("activation-token")).toString();
     if (!token.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
 }

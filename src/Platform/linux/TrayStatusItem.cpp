@@ -72,6 +72,11 @@ void TrayStatusItem::setAction(std::function<void()> action)
 
 void TrayStatusItem::askForNotifierHost()
 {
+    if (!m_bus.isConnected()) { // a question would never be answered
+        QMetaObject::invokeMethod(
+            this, [this] { makeIconIfThereIsATray(false); }, Qt::QueuedConnection);
+        return;
+    }
     auto question = QDBusMessage::createMethodCall(
         watcherService, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"),
         QStringLiteral("Get"));
@@ -81,11 +86,15 @@ void TrayStatusItem::askForNotifierHost()
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply(*watcher);
-        const bool hasNotifierHost = reply.isValid() && reply.value().variant().toBool();
-        // Status notifiers go first: they can do more, and Qt prefers them as well.
-        if (hasNotifierHost || (m_trayAtom != 0 && xcbSelectionHasOwner("_NET_SYSTEM_TRAY_S0")))
-            makeIcon();
+        makeIconIfThereIsATray(reply.isValid() && reply.value().variant().toBool());
     });
+}
+
+// Status notifiers go first: they can do more, and Qt prefers them as well.
+void TrayStatusItem::makeIconIfThereIsATray(bool hasNotifierHost)
+{
+    if (hasNotifierHost || (m_trayAtom != 0 && xcbSelectionHasOwner("_NET_SYSTEM_TRAY_S0")))
+        makeIcon();
 }
 
 void TrayStatusItem::notifierHostRegistered()

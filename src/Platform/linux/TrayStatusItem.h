@@ -33,6 +33,7 @@ public:
 
 private:
     void askForNotifierHost();
+    void makeIconIfThereIsATray(bool hasNotifierHost);
     void makeIcon();
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 

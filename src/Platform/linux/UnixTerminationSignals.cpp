@@ -25,14 +25,19 @@ void handleSignal(int number)
     errno = savedError;
 }
 
+// Whoever started the program with a signal ignored, as nohup does, wants it to stay so.
 void setHandler(void (*handler)(int))
 {
     struct sigaction action = {};
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
     sigemptyset(&action.sa_mask);
-    for (const int number : handledSignals)
-        sigaction(number, &action, nullptr);
+    for (const int number : handledSignals) {
+        struct sigaction before = {};
+        sigaction(number, nullptr, &before);
+        if (before.sa_handler != SIG_IGN)
+            sigaction(number, &action, nullptr);
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "Platform/linux/XcbConnection.h"
 
 #include <QGuiApplication>
+#include <QHash>
 #include <QtGui/qguiapplication_platform.h>
 
 namespace jotwell {
@@ -20,12 +21,15 @@ const xcb_screen_t* xcbScreen()
 
 xcb_atom_t xcbAtom(const QByteArray& name)
 {
+    static QHash<QByteArray, xcb_atom_t> known; // they hold as long as the server
+    if (const auto atom = known.constFind(name); atom != known.constEnd())
+        return *atom;
     auto* connection = xcbConnection();
     const auto cookie =
         xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.constData());
     const XcbReply<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    return known[name] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 bool xcbSelectionHasOwner(const QByteArray& name)

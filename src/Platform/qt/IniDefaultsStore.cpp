@@ -1,5 +1,6 @@
 #include "Platform/qt/IniDefaultsStore.h"
 
+#include "Platform/FileCalls.h"
 #include "Support/FileText.h"
 #include "Support/Logging.h"
 
@@ -10,6 +11,8 @@
 #include <QMutexLocker>
 #include <QSettings>
 #include <QTemporaryDir>
+
+#include <cerrno>
 
 #include <sys/stat.h>
 
@@ -70,7 +73,7 @@ std::optional<QByteArray> serialized(const QMap<QString, QVariant>& values)
 } // namespace
 
 IniDefaultsStore::IniDefaultsStore(QString filePath, FileCalls& files)
-    : m_filePath(std::move(filePath)), m_file(files)
+    : m_filePath(std::move(filePath)), m_calls(files), m_file(files)
 {
 }
 
@@ -186,11 +189,13 @@ void IniDefaultsStore::load() const
     m_identity = identity;
     m_fileValues.clear();
     m_isDamaged = false;
+    m_isReadable = true;
     if (identity.size < 0)
         return;
     const QSettings settings(m_filePath, QSettings::IniFormat);
     m_fileValues = valuesOf(settings);
     m_isDamaged = settings.status() == QSettings::FormatError;
+    m_isReadable = settings.status() != QSettings::AccessError;
 }
 
 IniDefaultsStore::Values IniDefaultsStore::mergedValues() const
@@ -208,12 +213,7 @@ IniDefaultsStore::Values IniDefaultsStore::mergedValues() const
 bool IniDefaultsStore::save(const Values& values)
 {
     const auto bytes = serialized(values);
-    if (!bytes) {
-        logError(logCategory, QStringLiteral("The settings can't be written: no room for them"));
-        return false;
-    }
-    keepDamagedFile();
-    const auto written = m_file.write(m_filePath, *bytes, AtomicFile::Permissions::ownerOnly);
+    const auto written = bytes ? replaceFile(*bytes) : SystemError{ENOSPC};
     if (!written) {
         logError(logCategory,
                  QStringLiteral("The settings can't be written: ") + written.error().description());
@@ -225,14 +225,30 @@ bool IniDefaultsStore::save(const Values& values)
     return true;
 }
 
-// What couldn't be read may still be worth something to its owner.
-void IniDefaultsStore::keepDamagedFile() const
+// What couldn't be read may be worth something to its owner: a file that can't be opened stays as
+// it is, and a damaged one is moved aside first.
+Result<void, SystemError> IniDefaultsStore::replaceFile(const QByteArray& bytes) const
 {
+    if (!m_isReadable)
+        return SystemError{EACCES};
     if (!m_isDamaged)
-        return;
-    if (const auto bytes = readFile(m_filePath))
-        static_cast<void>(m_file.write(m_filePath + QStringLiteral(".damaged"), *bytes,
-                                       AtomicFile::Permissions::ownerOnly));
+        return m_file.write(m_filePath, bytes, AtomicFile::Permissions::ownerOnly);
+    const QByteArray path = QFile::encodeName(m_filePath);
+    const QByteArray aside = QFile::encodeName(freeNameForDamagedFile());
+    if (m_calls.rename(path.constData(), aside.constData()) != 0)
+        return SystemError::last();
+    auto written = m_file.write(m_filePath, bytes, AtomicFile::Permissions::ownerOnly);
+    if (!written)
+        m_calls.rename(aside.constData(), path.constData());
+    return written;
+}
+
+QString IniDefaultsStore::freeNameForDamagedFile() const
+{
+    QString name = m_filePath + QStringLiteral(".damaged");
+    for (int number = 2; QFileInfo::exists(name); ++number)
+        name = m_filePath + QStringLiteral(".damaged-%1").arg(number);
+    return name;
 }
 
 IniDefaultsStore::FileIdentity IniDefaultsStore::identityOnDisk() const

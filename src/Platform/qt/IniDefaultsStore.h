@@ -46,16 +46,19 @@ private:
     void load() const;
     [[nodiscard]] Values mergedValues() const;
     [[nodiscard]] bool save(const Values& values);
-    void keepDamagedFile() const;
+    [[nodiscard]] Result<void, SystemError> replaceFile(const QByteArray& bytes) const;
+    [[nodiscard]] QString freeNameForDamagedFile() const;
     [[nodiscard]] FileIdentity identityOnDisk() const;
 
     const QString m_filePath;
+    FileCalls& m_calls;
     const AtomicFile m_file;
     mutable QMutex m_mutex;
     mutable Values m_fileValues;
     mutable FileIdentity m_identity;
-    mutable bool m_isDamaged = false;
-    Values m_unsaved; ///< an invalid value stands for a removed key
+    mutable bool m_isDamaged = false; ///< holds more than could be made sense of
+    mutable bool m_isReadable = true; ///< as far as it is there
+    Values m_unsaved;                 ///< an invalid value stands for a removed key
 };
 
 } // namespace jotwell

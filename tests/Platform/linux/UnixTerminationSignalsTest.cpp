@@ -51,6 +51,27 @@ TEST(UnixTerminationSignals, CallsOnALaterTurnOnceForEachRequest)
     EXPECT_TRUE(QTest::qWaitFor([&] { return requests == 2; }));
 }
 
+TEST(UnixTerminationSignals, LeavesAnIgnoredSignalIgnored)
+{
+    struct sigaction ignore = {};
+    struct sigaction before = {};
+    ignore.sa_handler = SIG_IGN;
+    sigaction(SIGHUP, &ignore, &before);
+    int requests = 0;
+    {
+        UnixTerminationSignals terminationSignals;
+        terminationSignals.listen([&requests] { ++requests; });
+        askToEnd(QStringLiteral("HUP"));
+        askToEnd(QStringLiteral("TERM"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return requests > 0; }));
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(requests, 1);
+    struct sigaction after = {};
+    sigaction(SIGHUP, &before, &after);
+    EXPECT_EQ(after.sa_handler, SIG_IGN);
+}
+
 TEST(UnixTerminationSignals, GivesTheSignalsBackWhenItGoes)
 {
     {
