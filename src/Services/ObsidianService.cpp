@@ -51,14 +51,6 @@ void reportNoteError(ToastManager& toasts, const NoteError& error)
         toasts.showError(vaultError->errorDescription());
 }
 
-QStringList namesOf(const ObsidianTemplates& templates)
-{
-    QStringList names;
-    for (const ObsidianTemplate& each : templates)
-        names.append(each.name);
-    return names;
-}
-
 } // namespace
 
 ObsidianService::ObsidianService(const Platform& platform, SettingsService& settings,
@@ -75,8 +67,7 @@ ObsidianService::createNote(QString text, std::optional<ObsidianTemplate> noteTe
         m_toasts.showSettingsRequired();
         co_return NoteError(ObsidianError());
     }
-    NoteOrder order{folder, text, namesOf(m_settings.getAllTemplates()),
-                    noteTemplate ? *noteTemplate : m_settings.getLastUsedTemplate(),
+    NoteOrder order{folder, text, templateNames(), templateFor(noteTemplate),
                     m_platform.clock.now()};
     auto work = [order = std::move(order), files = m_files] { return writeNote(order, files); };
     const auto written = co_await inBackground(m_platform.background, std::move(work));
@@ -85,6 +76,20 @@ ObsidianService::createNote(QString text, std::optional<ObsidianTemplate> noteTe
     else
         reportNoteError(m_toasts, written.error());
     co_return written;
+}
+
+QStringList ObsidianService::templateNames() const
+{
+    QStringList names;
+    for (const ObsidianTemplate& each : m_settings.getAllTemplates())
+        names.append(each.name);
+    return names;
+}
+
+ObsidianTemplate
+ObsidianService::templateFor(const std::optional<ObsidianTemplate>& noteTemplate) const
+{
+    return noteTemplate ? *noteTemplate : m_settings.getLastUsedTemplate();
 }
 
 QCoro::Task<ObsidianService::Notes> ObsidianService::getRecentNotes()

@@ -34,6 +34,13 @@ public:
     QCoro::Task<Result<void, NoteError>> createNote(QString text,
                                                     std::optional<ObsidianTemplate> noteTemplate);
 
+    /// The names that may stand behind a "$" as a parameter: those of all templates, in their
+    /// order.
+    [[nodiscard]] QStringList templateNames() const;
+    /// What a note is made with: the given template, or else the last used one.
+    [[nodiscard]] ObsidianTemplate
+    templateFor(const std::optional<ObsidianTemplate>& noteTemplate) const;
+
     /// The notes of the whole vault that changed last, as many as the settings say.
     QCoro::Task<Notes> getRecentNotes();
     /// The same below one top-level folder; the whole vault for none, for "All Folders", and, with

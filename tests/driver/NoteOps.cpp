@@ -2,7 +2,6 @@
 
 #include "Services/NoteText.h"
 #include "Services/ObsidianService.h"
-#include "Services/SettingsService.h"
 #include "Services/VaultFolder.h"
 #include "driver/Session.h"
 
@@ -10,26 +9,19 @@ namespace jotwell {
 
 namespace {
 
-QStringList templateNames()
+void addTextOps(Operations& ops, Session& session)
 {
-    QStringList names;
-    for (const ObsidianTemplate& each : SettingsService::shared().getAllTemplates())
-        names.append(each.name);
-    return names;
-}
-
-void addTextOps(Operations& ops, const Clock& clock)
-{
-    ops.add(u"ObsidianService.extractContent", {u"text"},
-            [](const QString& text) { return extractContent(text, templateNames()); });
+    const Clock& clock = session.platform().clock();
+    ops.add(u"ObsidianService.extractContent", {u"text"}, [&session](const QString& text) {
+        return extractContent(text, session.notes().templateNames());
+    });
     ops.add(u"ObsidianService.generateTitle", {u"content"},
             [&clock](const QString& content) { return generateTitle(content, clock.now()); });
     ops.add(u"ObsidianService.createNoteContent", {u"title", u"content", u"template"},
-            [&clock](const QString& title, const QString& content,
-                     const std::optional<ObsidianTemplate>& given) {
-                const ObsidianTemplate noteTemplate =
-                    given ? *given : SettingsService::shared().getLastUsedTemplate();
-                return createNoteContent(title, content, noteTemplate, clock.now());
+            [&session, &clock](const QString& title, const QString& content,
+                               const std::optional<ObsidianTemplate>& given) {
+                return createNoteContent(title, content, session.notes().templateFor(given),
+                                         clock.now());
             });
     ops.add(u"ObsidianService.generateFilename", {u"title"},
             [&clock](const QString& title) { return generateFilename(title, clock.now()); });
@@ -39,7 +31,7 @@ void addTextOps(Operations& ops, const Clock& clock)
 
 void addNoteOps(Operations& ops, Session& session)
 {
-    addTextOps(ops, session.platform().clock());
+    addTextOps(ops, session);
     ops.add(u"ObsidianService.createNote", {u"text", u"template"},
             [&session](const QString& text, const std::optional<ObsidianTemplate>& given) {
                 return session.notes().createNote(text, given);
