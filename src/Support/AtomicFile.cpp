@@ -153,6 +153,8 @@ private:
             return filled;
         if (m_calls.linkNameless(file.number(), m_target.path.constData()) == 0)
             return syncedOrUndone([this] { m_calls.unlink(m_target.path.constData()); });
+        if (errno == ENOENT || isUnsupported(errno)) // no /proc to name it by
+            return runNamed(bytes);
         if (errno != EEXIST)
             return SystemError::last();
         m_replaces = true;
