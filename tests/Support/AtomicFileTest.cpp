@@ -288,6 +288,21 @@ TEST(AtomicFile, AFileSystemWithoutSyncOfFoldersIsServed)
     EXPECT_TRUE(AtomicFile(calls).write(folder.filePath(u"a.md"_qs), newBytes));
 }
 
+TEST(AtomicFile, AFileThatCannotBeNamedLaterIsNamedFromTheStart)
+{
+    FailingFileCalls calls;
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"a.md"_qs);
+    calls.failAt(4, ENOENT); // as where /proc isn't mounted
+    EXPECT_TRUE(AtomicFile(calls).write(path, newBytes));
+    EXPECT_EQ(calls.calls().at(4), u"linkNameless"_qs);
+    EXPECT_EQ(calls.calls().count(u"rename"_qs), 1);
+    const auto written = readFile(path);
+    ASSERT_TRUE(written);
+    EXPECT_EQ(*written, newBytes);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"a.md"_qs});
+}
+
 TEST(AtomicFile, WritesAndSyncsInTheSafeOrder)
 {
     FailingFileCalls calls;
