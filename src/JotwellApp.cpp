@@ -51,6 +51,12 @@ QString settingsFile()
            QStringLiteral("/com.jotwell/Jotwell.ini");
 }
 
+QString applicationSupport()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/com.jotwell");
+}
+
 QIcon statusIcon()
 {
     return symbolIcon(QStringLiteral("o.circle.fill"),
@@ -61,7 +67,7 @@ QIcon statusIcon()
 // which it is to go again.
 int run(InstanceDoor& door)
 {
-    const NativePlatform native(settingsFile());
+    const NativePlatform native(settingsFile(), applicationSupport());
     const Platform& platform = native.platform();
     installPlatform(platform);
 

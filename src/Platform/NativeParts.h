@@ -8,6 +8,7 @@
 namespace jotwell {
 
 class FileCalls;
+class FileSystems;
 class FolderWatcher;
 class InstanceDoor;
 class StatusItem;
@@ -20,6 +21,7 @@ class Workspace;
 
 [[nodiscard]] std::unique_ptr<InstanceDoor> makeInstanceDoor();
 [[nodiscard]] std::unique_ptr<FileCalls> makeFileCalls();
+[[nodiscard]] std::unique_ptr<FileSystems> makeFileSystems();
 [[nodiscard]] std::unique_ptr<FolderWatcher> makeFolderWatcher();
 [[nodiscard]] std::unique_ptr<Workspace> makeWorkspace();
 [[nodiscard]] std::unique_ptr<WindowSystem> makeWindowSystem();

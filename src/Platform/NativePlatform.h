@@ -12,8 +12,9 @@ namespace jotwell {
 /// QCoreApplication; main thread.
 class NativePlatform {
 public:
-    /// The settings lie in `settingsFile`, which need not exist.
-    explicit NativePlatform(const QString& settingsFile);
+    /// The settings lie in `settingsFile`, what the program keeps for itself in the folder
+    /// `applicationSupport`; neither need exist.
+    NativePlatform(const QString& settingsFile, const QString& applicationSupport);
     ~NativePlatform();
 
     [[nodiscard]] const Platform& platform() const;

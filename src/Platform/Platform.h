@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 class QThreadPool;
 
 namespace jotwell {
@@ -7,6 +9,7 @@ namespace jotwell {
 class Clock;
 class DefaultsStore;
 class FileCalls;
+class FileSystems;
 class FolderWatcher;
 class Scheduler;
 class Workspace;
@@ -18,9 +21,13 @@ struct Platform {
     Scheduler& scheduler;
     DefaultsStore& defaults;
     FileCalls& files;
+    FileSystems& fileSystems;
     FolderWatcher& folders;
     Workspace& workspace;
-    QThreadPool& background; ///< where work runs that must not hold the main thread
+    QThreadPool& background;    ///< for work that the user waits for and the main thread mustn't do
+    QThreadPool& bulk;          ///< for the reading of whole vaults, which nobody is to wait behind
+    QThreadPool& database;      ///< one thread, for statements one after another
+    QString applicationSupport; ///< the folder for what the program keeps for itself
 };
 
 } // namespace jotwell

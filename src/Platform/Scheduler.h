@@ -16,6 +16,13 @@ public:
     /// delay of zero. Work whose `context` has been destroyed meanwhile is dropped.
     virtual void after(std::chrono::milliseconds delay, QObject* context,
                        std::function<void()> work) = 0;
+
+    /// The same for the rest of a task that sleeps: nothing is idle until it has run.
+    virtual void resumeAfter(std::chrono::milliseconds delay, QObject* context,
+                             std::function<void()> work)
+    {
+        after(delay, context, std::move(work));
+    }
 };
 
 } // namespace jotwell

@@ -11,6 +11,11 @@ private:
     FakeFolderWatcher& m_watcher;
 };
 
+bool FakeFolderWatcher::canOpen(const QString& /*folder*/)
+{
+    return canOpenFolders;
+}
+
 std::unique_ptr<FolderWatch> FakeFolderWatcher::watch(const QString& folder,
                                                       std::function<void()> changed)
 {

@@ -11,8 +11,10 @@ namespace jotwell {
 /// Watches that see what a test tells them to see.
 class FakeFolderWatcher : public FolderWatcher {
 public:
+    bool canOpenFolders = true;
     bool canWatch = true;
 
+    [[nodiscard]] bool canOpen(const QString& folder) override;
     [[nodiscard]] std::unique_ptr<FolderWatch> watch(const QString& folder,
                                                      std::function<void()> changed) override;
 

@@ -3,11 +3,13 @@
 #include "Fakes/FailingFileCalls.h"
 #include "Fakes/FakeClock.h"
 #include "Fakes/FakeDefaultsStore.h"
+#include "Fakes/FakeFileSystems.h"
 #include "Fakes/FakeFolderWatcher.h"
 #include "Fakes/FakeScheduler.h"
 #include "Fakes/FakeWorkspace.h"
 #include "Platform/Platform.h"
 
+#include <QTemporaryDir>
 #include <QThreadPool>
 
 namespace jotwell {
@@ -20,9 +22,25 @@ struct FakePlatform {
     FailingFileCalls files;
     FakeFolderWatcher folders;
     FakeWorkspace workspace;
+    FakeFileSystems fileSystems;
+    QTemporaryDir applicationSupport;
+    QThreadPool database;
+    QThreadPool bulk;
     QThreadPool background;
 
-    const Platform platform{clock, scheduler, defaults, files, folders, workspace, background};
+    FakePlatform() { database.setMaxThreadCount(1); }
+
+    const Platform platform{clock,
+                            scheduler,
+                            defaults,
+                            files,
+                            fileSystems,
+                            folders,
+                            workspace,
+                            background,
+                            bulk,
+                            database,
+                            applicationSupport.path()};
 };
 
 } // namespace jotwell

@@ -4,6 +4,7 @@
 #include "Platform/Platform.h"
 #include "Platform/Workspace.h"
 #include "Platform/linux/InotifyFolderWatcher.h"
+#include "Platform/linux/LinuxFileSystems.h"
 #include "Platform/linux/PosixFileCalls.h"
 #include "Platform/qt/IniDefaultsStore.h"
 #include "Platform/qt/QtScheduler.h"
@@ -65,9 +66,11 @@ private:
     InotifyFolderWatcher m_folders;
     IniDefaultsStore m_defaults;
     RecordingWorkspace m_workspace;
+    LinuxFileSystems m_fileSystems;
+    QThreadPool m_database;
+    QThreadPool m_bulk;
     QThreadPool m_background;
-    const Platform m_platform{m_clock,   m_scheduler, m_defaults,  m_files,
-                              m_folders, m_workspace, m_background};
+    const Platform m_platform;
 };
 
 } // namespace jotwell

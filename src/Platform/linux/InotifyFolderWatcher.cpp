@@ -5,6 +5,7 @@
 
 #include <array>
 
+#include <fcntl.h>
 #include <sys/inotify.h>
 #include <unistd.h>
 
@@ -44,6 +45,16 @@ private:
 };
 
 } // namespace
+
+bool InotifyFolderWatcher::canOpen(const QString& folder)
+{
+    const int descriptor = ::open(QFile::encodeName(folder).constData(),
+                                  O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
+        return false;
+    ::close(descriptor);
+    return true;
+}
 
 std::unique_ptr<FolderWatch> InotifyFolderWatcher::watch(const QString& folder,
                                                          std::function<void()> changed)

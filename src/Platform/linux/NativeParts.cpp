@@ -2,6 +2,7 @@
 
 #include "Platform/linux/DBusInstanceDoor.h"
 #include "Platform/linux/InotifyFolderWatcher.h"
+#include "Platform/linux/LinuxFileSystems.h"
 #include "Platform/linux/PosixFileCalls.h"
 #include "Platform/linux/TrayStatusItem.h"
 #include "Platform/linux/UnixTerminationSignals.h"
@@ -18,6 +19,11 @@ std::unique_ptr<InstanceDoor> makeInstanceDoor()
 std::unique_ptr<FileCalls> makeFileCalls()
 {
     return std::make_unique<PosixFileCalls>();
+}
+
+std::unique_ptr<FileSystems> makeFileSystems()
+{
+    return std::make_unique<LinuxFileSystems>();
 }
 
 std::unique_ptr<FolderWatcher> makeFolderWatcher()

@@ -1,6 +1,7 @@
 #include "Platform/NativePlatform.h"
 
 #include "Platform/FileCalls.h"
+#include "Platform/FileSystems.h"
 #include "Platform/FolderWatch.h"
 #include "Platform/NativeParts.h"
 #include "Platform/Workspace.h"
@@ -13,21 +14,32 @@
 namespace jotwell {
 
 struct NativePlatform::Parts {
-    explicit Parts(const QString& settingsFile) : defaults(settingsFile, *files) {}
+    Parts(const QString& settingsFile, const QString& applicationSupport)
+        : defaults(settingsFile, *files), platform{clock,      scheduler,         defaults,
+                                                   *files,     *fileSystems,      *folders,
+                                                   *workspace, background,        bulk,
+                                                   database,   applicationSupport}
+    {
+        database.setMaxThreadCount(1);
+    }
 
     SystemClock clock;
     QtScheduler scheduler;
     std::unique_ptr<FileCalls> files = makeFileCalls();
+    std::unique_ptr<FileSystems> fileSystems = makeFileSystems();
     std::unique_ptr<FolderWatcher> folders = makeFolderWatcher();
     std::unique_ptr<Workspace> workspace = makeWorkspace();
     IniDefaultsStore defaults;
-    QThreadPool background; // the last, so that it goes first: its work may use the others
+    // The last, so that they go first: their work may use the others.
+    QThreadPool database;
+    QThreadPool bulk;
+    QThreadPool background;
 
-    const Platform platform{clock, scheduler, defaults, *files, *folders, *workspace, background};
+    const Platform platform;
 };
 
-NativePlatform::NativePlatform(const QString& settingsFile)
-    : m_parts(std::make_unique<Parts>(settingsFile))
+NativePlatform::NativePlatform(const QString& settingsFile, const QString& applicationSupport)
+    : m_parts(std::make_unique<Parts>(settingsFile, applicationSupport))
 {
 }
 

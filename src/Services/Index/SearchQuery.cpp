@@ -1,0 +1,1 @@
+#include "Services/Index/SearchQuery.h"

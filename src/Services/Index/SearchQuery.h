@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+#include <QStringList>
+
+namespace jotwell {
+
+// What of a search is a matter of texts alone. Pure; any thread.
+
+struct SearchQuery {
+    QStringList filenameTerms;
+    QStringList hashtags; ///< without their "#"
+
+    bool operator==(const SearchQuery&) const = default;
+};
+
+/// The words of a query, cut at blanks and tabs; case is kept.
+[[nodiscard]] SearchQuery parseSearchQuery(const QString& query);
+
+/// The query as the full-text table is to get it.
+[[nodiscard]] QString prepareFTSQuery(const QString& query);
+
+/// The words that a note's text is searched for: in lower case, cut at each U+0020.
+[[nodiscard]] QStringList contentTerms(const QString& query);
+
+/// The first sentence of `text` (UTF-8) of 11 characters or more that holds one of the query's
+/// words, or else the whole text; cut to 200 characters, with "..." behind if it was.
+[[nodiscard]] QString createSimpleSnippet(QByteArrayView text, const QString& query);
+
+} // namespace jotwell
