@@ -1,1 +1,324 @@
 #include "Services/TagIndexService.h"
+
+#include "Platform/Clock.h"
+#include "Platform/Platform.h"
+#include "Services/Index/NoteExtraction.h"
+#include "Services/Index/NoteFile.h"
+#include "Services/Index/VaultListing.h"
+#include "Support/Background.h"
+#include "Support/Logging.h"
+#include "Support/Sleep.h"
+
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QThreadPool>
+
+#include <utility>
+
+namespace jotwell {
+
+namespace {
+
+// What the user does must never wait longer for the notes that are being taken in.
+constexpr qint64 longestStretch = 2; // milliseconds
+
+const QString logCategory = QStringLiteral("TagIndex");
+
+void logChange(NoteChange::Kind kind, const QByteArray& path)
+{
+    const QString name = QString::fromUtf8(fileNameOf(path));
+    switch (kind) {
+    case NoteChange::Kind::isNew:
+        return logInfo(logCategory, QStringLiteral("New file detected: ") + name);
+    case NoteChange::Kind::dateChanged:
+        return logInfo(logCategory, QStringLiteral("File modified (date changed): ") + name);
+    case NoteChange::Kind::sizeChanged:
+        return logInfo(logCategory, QStringLiteral("File modified (size changed): ") + name);
+    case NoteChange::Kind::contentChanged:
+        return logInfo(logCategory, QStringLiteral("File modified (content changed): ") + name);
+    }
+}
+
+// To free many records takes as long as to read them.
+void freeInBackground(NoteMap notes, QThreadPool& pool)
+{
+    auto work = [notes = std::make_shared<NoteMap>(std::move(notes))] { *notes = NoteMap(); };
+    static_cast<void>(startInBackground(pool, std::move(work)));
+}
+
+} // namespace
+
+TagIndexService::TagIndexService(const Platform& platform)
+    : m_platform(platform),
+      m_readings(std::make_shared<FileReadings>(platform.clock, platform.fileSystems)),
+      m_database(platform.applicationSupport + QStringLiteral("/TagIndex.db"), platform.database,
+                 platform.clock),
+      m_search(m_index, m_database, platform.clock, platform.background),
+      m_monitor(platform.folders, platform.scheduler,
+                [this](const QString& vaultPath) { startScan(vaultPath); })
+{
+}
+
+TagIndexService::~TagIndexService() = default;
+
+QCoro::Task<void> TagIndexService::buildIndex(QString vaultPath)
+{
+    if (m_isIndexing && m_monitor.monitoredPath() == vaultPath) {
+        logInfo(logCategory,
+                QStringLiteral("Already indexing vault at %1, skipping duplicate request")
+                    .arg(vaultPath));
+        co_return;
+    }
+    co_await performIndexBuild(vaultPath);
+}
+
+QCoro::Task<void> TagIndexService::performIndexBuild(QString vaultPath)
+{
+    const QPointer self(this);
+    publishIsIndexing(true);
+    publishIndexStatus({IndexStatus::Kind::building, {}});
+    publishIndexingProgress(0);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    clearIndex();
+
+    auto list = [vaultPath] { return findMarkdownFiles(vaultPath); };
+    const auto files = co_await inBackground(m_platform.bulk, std::move(list));
+    if (!self || m_isStopping)
+        co_return;
+    if (!files) {
+        const QString reason = QStringLiteral("Failed to enumerate files");
+        logError(logCategory, QStringLiteral("Failed to build index: ") + reason);
+        publishIsIndexing(false);
+        publishIndexStatus({IndexStatus::Kind::error, reason});
+        co_return;
+    }
+    const auto count = static_cast<qsizetype>(files->size());
+    publishTotalFileCount(count);
+    co_await takeInNotes(*files);
+    if (!self || m_isStopping)
+        co_return;
+    co_await m_database.saveIndexToDatabase(m_index.notes());
+    if (!self || m_isStopping)
+        co_return;
+    m_monitor.startFileMonitoring(vaultPath);
+    logInfo(logCategory,
+            QStringLiteral("Index built successfully: %1 files in %2s")
+                .arg(QString::number(count),
+                     QString::number(static_cast<double>(elapsed.elapsed()) / 1000, 'f', 2)));
+    publishIsIndexing(false);
+    publishIndexStatus({IndexStatus::Kind::ready, {}});
+    publishLastIndexUpdate();
+}
+
+QCoro::Task<void> TagIndexService::takeInNotes(std::vector<QByteArray> files)
+{
+    const QPointer self(this);
+    const auto total = static_cast<qsizetype>(files.size());
+    const NoteExtraction::Extract extract = [&clock = m_platform.clock,
+                                             readings = m_readings](const QByteArray& path) {
+        return extractMetadata(path, clock, *readings);
+    };
+    NoteExtraction extraction(std::move(files), extract, m_platform.bulk);
+    QElapsedTimer stretch;
+    stretch.start();
+    for (qsizetype done = 0; done < total;) {
+        const NoteExtraction::Records records = co_await extraction.nextBatch();
+        if (!self || m_isStopping)
+            co_return;
+        for (const FileMetadataPtr& record : records)
+            m_index.add(record);
+        done = std::min(done + static_cast<qsizetype>(NoteExtraction::batchSize), total);
+        publishIndexedFileCount(done);
+        publishIndexingProgress(static_cast<double>(done) / static_cast<double>(total));
+        if (stretch.hasExpired(longestStretch)) {
+            co_await nextTurn();
+            if (!self || m_isStopping)
+                co_return;
+            stretch.start();
+        }
+    }
+}
+
+QCoro::Task<void> TagIndexService::refreshIndex()
+{
+    const auto vaultPath = m_monitor.monitoredPath();
+    if (!vaultPath)
+        co_return;
+    logInfo(logCategory, QStringLiteral("Manual index refresh requested"));
+    co_await scanForChanges(*vaultPath, true);
+}
+
+QCoro::Task<void> TagIndexService::scanForChanges(QString vaultPath, bool checkContent)
+{
+    const QPointer self(this);
+    const NoteMap before = m_index.notes();
+    auto compare = [vaultPath, checkContent, before, readings = m_readings, slice = m_scanCount++] {
+        return compareVault(vaultPath, checkContent, before, *readings, slice);
+    };
+    const auto findings = co_await inBackground(m_platform.bulk, std::move(compare));
+    if (!self || m_isStopping || !findings)
+        co_return;
+    const qsizetype count = co_await applyFindings(*findings, before);
+    if (!self || m_isStopping || count == 0)
+        co_return;
+    logInfo(logCategory,
+            QStringLiteral("Index updated: %1 file(s) changed").arg(QString::number(count)));
+    publishLastIndexUpdate();
+}
+
+// Gives the number of notes changed. What another operation has taken in or out since `before` is
+// at least as fresh as what was found.
+QCoro::Task<qsizetype> TagIndexService::applyFindings(ScanFindings findings, NoteMap before)
+{
+    const QPointer self(this);
+    qsizetype count = 0;
+    for (const NoteChange& change : findings.changes) {
+        const FileMetadata* record = m_index.notes().find(change.path);
+        if (record && record != before.find(change.path))
+            continue;
+        logChange(record ? change.kind : NoteChange::Kind::isNew, change.path);
+        co_await updateFile(QString::fromUtf8(change.path));
+        if (!self || m_isStopping)
+            co_return count;
+        ++count;
+    }
+    for (const QByteArray& path : findings.missing) {
+        const FileMetadata* record = m_index.notes().find(path);
+        if (!record || record != before.find(path))
+            continue;
+        logInfo(logCategory,
+                QStringLiteral("File removed or renamed: ") + QString::fromUtf8(fileNameOf(path)));
+        co_await removeFile(QString::fromUtf8(path));
+        if (!self || m_isStopping)
+            co_return count;
+        ++count;
+    }
+    co_return count;
+}
+
+QCoro::Task<void> TagIndexService::updateFile(QString path)
+{
+    const QPointer self(this);
+    auto extract = [path = path.toUtf8(), &clock = m_platform.clock, readings = m_readings] {
+        return extractMetadata(path, clock, *readings);
+    };
+    const FileMetadataPtr record = co_await inBackground(m_platform.bulk, std::move(extract));
+    if (!self || m_isStopping || !record)
+        co_return;
+    publishIndexStatus({IndexStatus::Kind::updating, {}});
+    m_index.add(record);
+    co_await m_database.saveContentToDatabase(record);
+    if (!self)
+        co_return;
+    m_search.clearCache();
+    publishIndexStatus({IndexStatus::Kind::ready, {}});
+    publishLastIndexUpdate();
+}
+
+QCoro::Task<void> TagIndexService::removeFile(QString path)
+{
+    const QPointer self(this);
+    const QByteArray key = path.toUtf8();
+    m_index.remove(key);
+    m_readings->forget(key);
+    co_await m_database.removeFileFromDatabase(key);
+    if (!self)
+        co_return;
+    m_search.clearCache();
+    publishLastIndexUpdate();
+}
+
+void TagIndexService::clearIndex()
+{
+    freeInBackground(m_index.takeAll(), m_platform.bulk);
+    m_search.clearCache();
+    publishIndexedFileCount(0);
+    publishTotalFileCount(0);
+}
+
+void TagIndexService::stop()
+{
+    m_isStopping = true;
+    m_monitor.stopFileMonitoring();
+}
+
+// One at a time, and one waiting for each vault: it will see all that the others were to see.
+void TagIndexService::startScan(const QString& vaultPath)
+{
+    if (!m_waitingScans.contains(vaultPath))
+        m_waitingScans.append(vaultPath);
+    if (!m_isScanning)
+        QCoro::connect(runWaitingScans(), this, [] {});
+}
+
+QCoro::Task<void> TagIndexService::runWaitingScans()
+{
+    const QPointer self(this);
+    m_isScanning = true;
+    while (!m_waitingScans.isEmpty()) {
+        const QString vaultPath = m_waitingScans.takeFirst();
+        co_await scanForChanges(vaultPath, true);
+        if (!self || m_isStopping)
+            co_return;
+    }
+    m_isScanning = false;
+}
+
+QList<TagCount> TagIndexService::getAllTagsWithCounts() const
+{
+    return m_index.getAllTagsWithCounts();
+}
+
+QList<TagCount> TagIndexService::searchTags(const QString& prefix) const
+{
+    return m_index.searchTags(prefix);
+}
+
+QCoro::Task<SearchAnswer> TagIndexService::searchNotes(QString query, QString /*vaultPath*/)
+{
+    return m_search.searchNotes(query);
+}
+
+QCoro::Task<SearchAnswer> TagIndexService::searchContent(QString query, QString /*vaultPath*/)
+{
+    return m_search.searchContent(query);
+}
+
+void TagIndexService::publishIsIndexing(bool isIndexing)
+{
+    m_isIndexing = isIndexing;
+    emit isIndexingChanged();
+}
+
+void TagIndexService::publishIndexStatus(IndexStatus status)
+{
+    m_indexStatus = std::move(status);
+    emit indexStatusChanged();
+}
+
+void TagIndexService::publishIndexingProgress(double progress)
+{
+    m_indexingProgress = progress;
+    emit indexingProgressChanged();
+}
+
+void TagIndexService::publishIndexedFileCount(qsizetype count)
+{
+    m_indexedFileCount = count;
+    emit indexedFileCountChanged();
+}
+
+void TagIndexService::publishTotalFileCount(qsizetype count)
+{
+    m_totalFileCount = count;
+    emit totalFileCountChanged();
+}
+
+void TagIndexService::publishLastIndexUpdate()
+{
+    m_lastIndexUpdate = m_platform.clock.now();
+    emit lastIndexUpdateChanged();
+}
+
+} // namespace jotwell

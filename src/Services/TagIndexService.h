@@ -14,7 +14,9 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
 #include <optional>
+#include <vector>
 
 namespace jotwell {
 
@@ -83,12 +85,15 @@ signals:
 private:
     QCoro::Task<void> performIndexBuild(QString vaultPath);
     QCoro::Task<void> takeInNotes(std::vector<QByteArray> files);
-    QCoro::Task<bool> applyChange(NoteChange change, NoteMap before);
-    void addToIndex(FileMetadataPtr record);
+    QCoro::Task<qsizetype> applyFindings(ScanFindings findings, NoteMap before);
+    void startScan(const QString& vaultPath);
+    QCoro::Task<void> runWaitingScans();
 
     void publishIsIndexing(bool isIndexing);
-    void publishProgress(qsizetype indexedFileCount, double progress);
     void publishIndexStatus(IndexStatus status);
+    void publishIndexingProgress(double progress);
+    void publishIndexedFileCount(qsizetype count);
+    void publishTotalFileCount(qsizetype count);
     void publishLastIndexUpdate();
 
     const Platform& m_platform;
@@ -100,12 +105,14 @@ private:
     IndexStatus m_indexStatus;
     bool m_isStopping = false;
 
-    FileReadings m_readings;
+    std::shared_ptr<FileReadings> m_readings; ///< shared with the work in the background
     NoteIndex m_index;
     IndexDatabase m_database;
     IndexSearch m_search;
     VaultMonitor m_monitor;
     quint64 m_scanCount = 0;
+    QStringList m_waitingScans; ///< vaults that the monitor wants scanned
+    bool m_isScanning = false;  ///< for the monitor
 };
 
 } // namespace jotwell
