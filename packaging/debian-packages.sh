@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing of the Debian packages that the named groups need:
-#   packaging/debian-packages.sh build run test tidy
+#   packaging/debian-packages.sh build run test tidy fuzz
 set -euo pipefail
 
 declare -A packages
@@ -21,6 +21,7 @@ packages[test]="
     python3 python3-dbus python3-dbusmock python3-gi
     at-spi2-core dbus imagemagick libfaketime openbox picom trayer xdotool xvfb"
 packages[tidy]="clang clang-tidy"
+packages[fuzz]="clang libclang-rt-dev"
 
 wanted=()
 for group in "$@"; do
