@@ -3,6 +3,7 @@
 #include "Platform/NativePlatform.h"
 #include "Services/ObsidianService.h"
 #include "Services/SettingsService.h"
+#include "Services/TagIndexService.h"
 #include "Services/ToastManager.h"
 
 #include <QCoreApplication>
@@ -76,12 +77,15 @@ int main(int argc, char** argv)
     QDir(folder.path()).mkdir(QStringLiteral("ours"));
     QDir(folder.path()).mkdir(QStringLiteral("bare"));
 
-    const NativePlatform native(folder.filePath(QStringLiteral("Jotwell.ini")));
+    const NativePlatform native(folder.filePath(QStringLiteral("Jotwell.ini")),
+                                folder.filePath(QStringLiteral("data")));
     const Platform& platform = native.platform();
     SettingsService settings(platform.defaults, [] { return ObsidianTemplates(); });
-    settings.setObsidianFolderPath(folder.filePath(QStringLiteral("ours")));
     ToastManager toasts(platform.scheduler);
-    ObsidianService service(platform, settings, toasts);
+    TagIndexService index(platform);
+    ObsidianService service(platform, settings, toasts, index);
+    // Only now, so that no index is being built beside what is measured.
+    settings.setObsidianFolderPath(folder.filePath(QStringLiteral("ours")));
 
     const QByteArray bareFolder = folder.filePath(QStringLiteral("bare")).toUtf8();
     const QByteArray bytes(noteSize, 'x');

@@ -130,7 +130,7 @@ int main(int argc, char** argv)
     installFonts();
 
     const QTemporaryDir folder;
-    const NativePlatform native(folder.filePath(QStringLiteral("Jotwell.ini")));
+    const NativePlatform native(folder.filePath(QStringLiteral("Jotwell.ini")), folder.path());
     const Platform& platform = native.platform();
     const auto windows = makeWindowSystem();
     installPlatform(platform);
