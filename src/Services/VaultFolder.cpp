@@ -14,8 +14,53 @@ namespace jotwell {
 namespace {
 
 struct DatedNote {
-    std::chrono::system_clock::time_point changed;
-    QString path;
+    qint64 changed;
+    qsizetype number; ///< in the order of the walk
+    QByteArray path;
+
+    [[nodiscard]] bool isNewerThan(const DatedNote& other) const
+    {
+        return changed != other.changed ? changed > other.changed : number < other.number;
+    }
+};
+
+bool isNewer(const DatedNote& left, const DatedNote& right)
+{
+    return left.isNewerThan(right);
+}
+
+/// The newest of all notes that it is told of; of the others it keeps nothing.
+class NewestNotes {
+public:
+    explicit NewestNotes(qsizetype count) : m_count(static_cast<size_t>(count)) {}
+
+    void add(const FolderEntry& entry)
+    {
+        const auto status = entry.status();
+        if (!status)
+            return;
+        const DatedNote note{status->modificationTime, m_number++, {}};
+        if (m_notes.size() == m_count) {
+            if (m_notes.empty() || !isNewer(note, m_notes.front()))
+                return;
+            std::pop_heap(m_notes.begin(), m_notes.end(), isNewer);
+            m_notes.pop_back();
+        }
+        m_notes.push_back({note.changed, note.number, entry.path()});
+        std::push_heap(m_notes.begin(), m_notes.end(), isNewer);
+    }
+
+    /// Newest first; those of equal date in the order of the walk.
+    [[nodiscard]] std::vector<DatedNote> takeSorted()
+    {
+        std::sort_heap(m_notes.begin(), m_notes.end(), isNewer);
+        return std::move(m_notes);
+    }
+
+private:
+    size_t m_count;
+    qsizetype m_number = 0;
+    std::vector<DatedNote> m_notes; ///< a heap, the oldest on top
 };
 
 } // namespace
@@ -32,20 +77,16 @@ Result<void, ObsidianError> validateFolder(const QString& path)
 
 NoteSearchResults recentNotesBelow(const QString& folder, qsizetype count)
 {
-    std::vector<DatedNote> notes;
-    walkFolder(folder, [&notes](const FolderEntry& entry) {
-        if (!entry.name.endsWith(u".md"))
-            return;
-        if (const auto changed = modificationTime(entry.path))
-            notes.push_back({*changed, entry.path});
-    });
-    std::stable_sort(notes.begin(), notes.end(), [](const DatedNote& left, const DatedNote& right) {
-        return left.changed > right.changed;
-    });
-    notes.resize(std::min(notes.size(), static_cast<size_t>(count)));
+    NewestNotes newest(count);
+    const auto visit = [&newest](const FolderEntry& entry) {
+        if (entry.isNote())
+            newest.add(entry);
+    };
     NoteSearchResults recent;
-    for (const DatedNote& note : notes)
-        recent.append(NoteSearchResult::forPath(note.path));
+    if (!walkFolder(folder, visit))
+        return recent;
+    for (const DatedNote& note : newest.takeSorted())
+        recent.append(NoteSearchResult::forPath(QString::fromUtf8(note.path)));
     return recent;
 }
 

@@ -1,59 +1,103 @@
 #include "Support/FolderWalk.h"
 
-#include <QFile>
-#include <QStringDecoder>
-
+#include <cerrno>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace jotwell {
 
 namespace {
 
-std::optional<QString> nameFrom(const char* encoded)
+using Listing = std::unique_ptr<DIR, int (*)(DIR*)>;
+
+Listing listingOf(const QByteArray& path, int flags)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8);
-    QString name = decoder.decode(QByteArrayView(encoded));
-    return decoder.hasError() ? std::nullopt : std::optional(std::move(name));
+    const int folder = ::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | flags);
+    Listing listing(folder < 0 ? nullptr : ::fdopendir(folder), &::closedir);
+    if (folder >= 0 && !listing)
+        ::close(folder);
+    return listing;
 }
 
-bool isFolder(DIR* parent, const dirent& entry)
+bool isFolder(int parent, const dirent& entry)
 {
     if (entry.d_type != DT_UNKNOWN)
         return entry.d_type == DT_DIR;
-    struct stat status = {};
-    return ::fstatat(::dirfd(parent), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-           S_ISDIR(status.st_mode);
+    const auto status = fileStatusIn(parent, entry.d_name);
+    return status && status->kind == FileStatus::Kind::folder;
 }
+
+QByteArray withSlash(const QString& folder)
+{
+    QByteArray path = folder.toUtf8();
+    while (path.endsWith('/'))
+        path.chop(1);
+    return path + '/';
+}
+
+// One descriptor is open at a time, so that no depth can use them up.
+class Walk {
+public:
+    explicit Walk(const std::function<void(const FolderEntry&)>& visit) : m_visit(visit) {}
+
+    Result<void, SystemError> run(const QString& folder)
+    {
+        if (folder.isEmpty() || folder.contains(QChar::Null))
+            return SystemError{folder.isEmpty() ? ENOENT : EINVAL};
+        const QByteArray top = withSlash(folder);
+        const Listing listing = listingOf(top, 0);
+        if (!listing)
+            return SystemError::last();
+        visitAll(top, listing.get());
+        while (!m_pending.empty()) {
+            const QByteArray path = std::move(m_pending.back());
+            m_pending.pop_back();
+            visitFolder(path);
+        }
+        return {};
+    }
+
+private:
+    void visitFolder(const QByteArray& path)
+    {
+        // It may have become a link since it was seen.
+        if (const Listing listing = listingOf(path, O_NOFOLLOW))
+            visitAll(path + '/', listing.get());
+    }
+
+    void visitAll(const QByteArray& parent, DIR* listing)
+    {
+        const int folder = ::dirfd(listing);
+        while (const dirent* each = ::readdir(listing)) {
+            const QByteArrayView name(static_cast<const char*>(each->d_name));
+            if (name.startsWith('.') || !name.isValidUtf8())
+                continue;
+            m_path.truncate(0);
+            m_path.append(parent).append(name);
+            const FolderEntry entry(folder, m_path, parent.size(), isFolder(folder, *each));
+            m_visit(entry);
+            if (entry.isFolder())
+                m_pending.emplace_back(m_path.constData(), m_path.size());
+        }
+    }
+
+    const std::function<void(const FolderEntry&)>& m_visit;
+    QByteArray m_path; ///< of the entry that is visited; one for all, which saves an allocation
+    std::vector<QByteArray> m_pending;
+};
 
 } // namespace
 
-void walkFolder(const QString& folder, const std::function<void(const FolderEntry&)>& visit)
+Result<void, SystemError> walkFolder(const QString& folder,
+                                     const std::function<void(const FolderEntry&)>& visit)
 {
-    std::vector<QString> pending{folder};
-    while (!pending.empty()) {
-        const QString path = std::move(pending.back());
-        pending.pop_back();
-        const std::unique_ptr<DIR, int (*)(DIR*)> listing(
-            ::opendir(QFile::encodeName(path).constData()), &::closedir);
-        if (!listing)
-            continue;
-        while (const dirent* each = ::readdir(listing.get())) {
-            if (each->d_name[0] == '.')
-                continue;
-            const auto name = nameFrom(each->d_name);
-            if (!name)
-                continue;
-            const FolderEntry entry{pathBelow(path, *name), *name, isFolder(listing.get(), *each)};
-            visit(entry);
-            if (entry.isFolder)
-                pending.push_back(entry.path);
-        }
-    }
+    return Walk(visit).run(folder);
 }
 
 QString pathBelow(const QString& folder, const QString& name)
@@ -62,16 +106,6 @@ QString pathBelow(const QString& folder, const QString& name)
     while (length > 0 && folder[length - 1] == u'/')
         --length;
     return folder.first(length) + u'/' + name;
-}
-
-std::optional<std::chrono::system_clock::time_point> modificationTime(const QString& path)
-{
-    struct stat status = {};
-    if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
-        return std::nullopt;
-    const timespec& time = status.st_mtim;
-    return std::chrono::system_clock::time_point(std::chrono::seconds(time.tv_sec) +
-                                                 std::chrono::nanoseconds(time.tv_nsec));
 }
 
 } // namespace jotwell

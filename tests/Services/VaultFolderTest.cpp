@@ -105,12 +105,14 @@ TEST_F(VaultFolderTest, NotesOfEqualDateStayInTheOrderOfTheWalk)
     for (int each = 0; each < 40; ++each)
         putNote(u"%1/%2.md"_qs.arg(each % 7).arg(each), 0);
     QStringList walked;
-    walkFolder(m_vault.path(), [&](const FolderEntry& entry) {
-        if (!entry.isFolder)
-            walked.append(entry.path.sliced(m_vault.path().size() + 1));
-    });
+    const auto visit = [&](const FolderEntry& entry) {
+        if (!entry.isFolder())
+            walked.append(QString::fromUtf8(entry.path()).sliced(m_vault.path().size() + 1));
+    };
+    ASSERT_TRUE(walkFolder(m_vault.path(), visit));
     ASSERT_EQ(walked.size(), 40);
     EXPECT_EQ(recent(40), walked);
+    EXPECT_EQ(recent(11), walked.first(11));
 }
 
 TEST_F(VaultFolderTest, OnlyTheFirstOfTheRecentNotesCount)
@@ -120,6 +122,7 @@ TEST_F(VaultFolderTest, OnlyTheFirstOfTheRecentNotesCount)
     EXPECT_THAT(recent(3), ElementsAre(u"24.md"_qs, u"23.md"_qs, u"22.md"_qs));
     EXPECT_EQ(recent(25).size(), 25);
     EXPECT_EQ(recent(std::numeric_limits<qsizetype>::max()).size(), 25);
+    EXPECT_EQ(recent(0).size(), 0);
 }
 
 TEST_F(VaultFolderTest, OnlyTheExactExtensionIsANote)

@@ -6,7 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
+#include <cerrno>
+
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,19 +25,21 @@ protected:
 
     void makeFolder(const QString& name) const { QDir(m_folder.path()).mkpath(name); }
 
-    [[nodiscard]] QStringList walked(const QString& folder) const
+    [[nodiscard]] QStringList walked(const QString& folder)
     {
         QStringList found;
-        walkFolder(folder, [&](const FolderEntry& entry) {
-            EXPECT_TRUE(entry.path.endsWith(u'/' + entry.name));
-            found.append(entry.path.mid(m_folder.path().size() + 1) +
-                         (entry.isFolder ? u"/"_qs : QString()));
-        });
+        const auto visit = [&](const FolderEntry& entry) {
+            EXPECT_TRUE(entry.path().endsWith(QByteArray("/" + entry.name().toByteArray())));
+            found.append(QString::fromUtf8(entry.path()).mid(m_folder.path().size() + 1) +
+                         (entry.isFolder() ? u"/"_qs : QString()));
+        };
+        m_result = walkFolder(folder, visit);
         found.sort();
         return found;
     }
 
     QTemporaryDir m_folder;
+    Result<void, SystemError> m_result; ///< of the last walk
 };
 
 TEST_F(FolderWalk, FindsEverythingBelow)
@@ -77,9 +80,91 @@ TEST_F(FolderWalk, NamesThatAreNoTextArePassedOver)
     ::unlink(odd.constData());
 }
 
-TEST_F(FolderWalk, AFolderThatIsNotThereIsEmpty)
+TEST_F(FolderWalk, FailsOnlyForTheFolderItself)
 {
+    makeFile(u"file"_qs);
+    makeFolder(u"a"_qs);
+    EXPECT_EQ(walked(m_folder.path()).size(), 2);
+    EXPECT_TRUE(m_result);
     EXPECT_EQ(walked(m_folder.filePath(u"none"_qs)), QStringList());
+    EXPECT_EQ(m_result.error().code, ENOENT);
+    EXPECT_EQ(walked(m_folder.filePath(u"file"_qs)), QStringList());
+    EXPECT_EQ(m_result.error().code, ENOTDIR);
+    EXPECT_EQ(walked(QString()), QStringList());
+    EXPECT_EQ(m_result.error().code, ENOENT);
+    EXPECT_EQ(walked(m_folder.path() + QChar(0) + u"x"_qs), QStringList());
+    EXPECT_EQ(m_result.error().code, EINVAL);
+}
+
+TEST_F(FolderWalk, ALinkToAFolderCanBeWalkedItself)
+{
+    makeFolder(u"a"_qs);
+    makeFile(u"a/x"_qs);
+    const QString link = m_folder.filePath(u"link"_qs);
+    ASSERT_EQ(::symlink("a", qPrintable(link)), 0);
+    EXPECT_EQ(walked(link), QStringList{u"link/x"_qs});
+    EXPECT_EQ(walked(link + u'/'), QStringList{u"link/x"_qs});
+}
+
+TEST_F(FolderWalk, AFolderThatHasBecomeALinkIsNotEntered)
+{
+    const QTemporaryDir elsewhere;
+    QFile inside(elsewhere.filePath(u"inside"_qs));
+    ASSERT_TRUE(inside.open(QIODevice::WriteOnly));
+    makeFolder(u"a"_qs);
+    QStringList found;
+    const auto visit = [&](const FolderEntry& entry) {
+        found.append(QString::fromUtf8(entry.name()));
+        if (entry.isFolder()) {
+            ASSERT_EQ(::rmdir(entry.path().constData()), 0);
+            ASSERT_EQ(::symlink(qPrintable(elsewhere.path()), entry.path().constData()), 0);
+        }
+    };
+    EXPECT_TRUE(walkFolder(m_folder.path(), visit));
+    EXPECT_EQ(found, QStringList{u"a"_qs});
+}
+
+TEST_F(FolderWalk, APathThatIsKeptStaysAsItWas)
+{
+    makeFile(u"first"_qs);
+    makeFile(u"second"_qs);
+    QList<QByteArray> kept;
+    const auto visit = [&](const FolderEntry& entry) { kept.append(entry.path()); };
+    ASSERT_TRUE(walkFolder(m_folder.path(), visit));
+    ASSERT_EQ(kept.size(), 2);
+    for (const QByteArray& path : kept)
+        EXPECT_TRUE(QFile::exists(QString::fromUtf8(path))) << path.constData();
+}
+
+TEST_F(FolderWalk, TellsTheStatusOfAnEntryItself)
+{
+    makeFile(u"old"_qs);
+    ASSERT_EQ(::symlink("old", qPrintable(m_folder.filePath(u"link"_qs))), 0);
+    const auto visit = [](const FolderEntry& entry) {
+        const auto status = entry.status();
+        const auto expected = fileStatus(entry.path());
+        ASSERT_TRUE(status && expected);
+        EXPECT_EQ(*status, *expected) << entry.path().constData();
+    };
+    ASSERT_TRUE(walkFolder(m_folder.path(), visit));
+}
+
+TEST_F(FolderWalk, KnowsNotesByTheirExtension)
+{
+    const QStringList notes{u"a.md"_qs, u"b..md"_qs, u"c.x.md"_qs, u"d.md"_qs};
+    for (const QString& name : notes)
+        makeFile(name);
+    for (const QString& name : {u"A.MD"_qs, u"B.Md"_qs, u"c.md~"_qs, u"d.markdown"_qs, u"md"_qs,
+                                u"e.md.txt"_qs, u"fmd"_qs})
+        makeFile(name);
+    QStringList found;
+    const auto visit = [&](const FolderEntry& entry) {
+        if (entry.isNote())
+            found.append(QString::fromUtf8(entry.name()));
+    };
+    ASSERT_TRUE(walkFolder(m_folder.path(), visit));
+    found.sort();
+    EXPECT_EQ(found, notes);
 }
 
 TEST_F(FolderWalk, FoldersDeeperThanAPathCanNameEndTheWayDown)
@@ -105,21 +190,6 @@ TEST(PathBelow, HasOneSlashBeforeTheName)
     EXPECT_EQ(pathBelow(u"/vault/"_qs, u"a b"_qs), u"/vault/a b"_qs);
     EXPECT_EQ(pathBelow(u"/vault//"_qs, u"a"_qs), u"/vault/a"_qs);
     EXPECT_EQ(pathBelow(u"/"_qs, u"a"_qs), u"/a"_qs);
-}
-
-TEST_F(FolderWalk, ModificationTimeIsThatOfTheLinkItself)
-{
-    makeFile(u"old.md"_qs);
-    const timespec old[2] = {{1'000'000'000, 500}, {1'000'000'000, 500}};
-    ASSERT_EQ(::utimensat(AT_FDCWD, qPrintable(m_folder.filePath(u"old.md"_qs)), old, 0), 0);
-    ASSERT_EQ(::symlink("old.md", qPrintable(m_folder.filePath(u"link.md"_qs))), 0);
-    const auto ofFile = modificationTime(m_folder.filePath(u"old.md"_qs));
-    const auto ofLink = modificationTime(m_folder.filePath(u"link.md"_qs));
-    ASSERT_TRUE(ofFile && ofLink);
-    EXPECT_EQ(ofFile->time_since_epoch(),
-              std::chrono::seconds(1'000'000'000) + std::chrono::nanoseconds(500));
-    EXPECT_GT(*ofLink, *ofFile);
-    EXPECT_FALSE(modificationTime(m_folder.filePath(u"none"_qs)));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/Clock.h"
 #include "Services/Index/FileMetadata.h"
+#include "Support/FileStatus.h"
 #include "Support/Result.h"
 #include "Support/SystemError.h"
 
@@ -9,30 +9,17 @@
 
 namespace jotwell {
 
+class Clock;
 class FileReadings;
-
-/// What the file system says of a note: of the entry itself, not of what a link leads to. Times are
-/// nanoseconds since 1970 UTC.
-struct FileStatus {
-    enum class Kind { regular, link, other };
-
-    Kind kind = Kind::other;
-    qint64 size = 0;
-    qint64 modificationTime = 0;
-    qint64 changeTime = 0;
-    quint64 inode = 0;
-    quint64 device = 0;
-
-    bool operator==(const FileStatus&) const = default;
-    [[nodiscard]] Clock::TimePoint modificationDate() const;
-};
 
 // Blocking; any thread.
 
-[[nodiscard]] Result<FileStatus, SystemError> fileStatus(const QByteArray& path);
-
-/// The bytes of a note. What is no regular file fails at once, what is no UTF-8 with EILSEQ.
+/// The bytes of a note. What is no regular file, nor a link to one, fails without being opened:
+/// with EISDIR if it is a folder, with EINVAL else. What is no UTF-8 fails with EILSEQ.
 [[nodiscard]] Result<QByteArray, SystemError> readNote(const QByteArray& path);
+/// The same when its status has been had already.
+[[nodiscard]] Result<QByteArray, SystemError> readNote(const QByteArray& path,
+                                                       const FileStatus& status);
 
 /// Reads the note and makes its record. A failure is logged and gives none.
 [[nodiscard]] FileMetadataPtr extractMetadata(const QByteArray& path, const Clock& clock,
