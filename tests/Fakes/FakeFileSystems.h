@@ -10,7 +10,10 @@ namespace jotwell {
 struct FakeFileSystems : FileSystems {
     std::atomic<bool> keepsTimes = true;
 
-    [[nodiscard]] bool keepsChangeTimes(const char* /*path*/) override { return keepsTimes; }
+    [[nodiscard]] std::optional<bool> keepsChangeTimes(const char* /*path*/) override
+    {
+        return keepsTimes.load();
+    }
 };
 
 } // namespace jotwell

@@ -25,11 +25,11 @@ constexpr std::array<unsigned long, 6> publicMagics{
 
 } // namespace
 
-bool LinuxFileSystems::keepsChangeTimes(const char* path)
+std::optional<bool> LinuxFileSystems::keepsChangeTimes(const char* path)
 {
     struct statfs status = {};
     if (::statfs(path, &status) != 0)
-        return false;
+        return std::nullopt;
     const auto magic = static_cast<unsigned long>(status.f_type);
     const auto isIn = [magic](const auto& magics) {
         return std::find(magics.begin(), magics.end(), magic) != magics.end();

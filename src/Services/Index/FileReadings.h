@@ -8,6 +8,7 @@
 #include <QHash>
 
 #include <array>
+#include <chrono>
 #include <mutex>
 #include <optional>
 
@@ -21,30 +22,45 @@ class FileSystems;
 /// reading would leave no trace in it. Any thread.
 class FileReadings {
 public:
+    /// What can be written to a file within this time of its change time without changing it: the
+    /// tick of a file system's clock, and writes through a memory map that go on.
+    static constexpr std::chrono::seconds settlingTime{60};
+
     FileReadings(const Clock& clock, FileSystems& fileSystems);
 
-    /// The moment to take before a file is looked at and read, for `remember`.
+    /// The moment to take before a file is read, for `remember`.
     [[nodiscard]] Clock::TimePoint now() const { return m_clock.now(); }
     /// The hash of the bytes that the file at `path` is sure to hold still.
     [[nodiscard]] std::optional<ContentHash> known(const QByteArray& path,
                                                    const FileStatus& status) const;
+    /// That the file at `path` held the bytes of this hash at `readAt` or later; `status` is from
+    /// before it was read.
     void remember(const QByteArray& path, const FileStatus& status, ContentHash hash,
                   Clock::TimePoint readAt);
     void forget(const QByteArray& path);
 
 private:
+    /// Of a regular file, under a status that can be trusted; others aren't kept.
     struct Reading {
-        FileStatus status;
-        ContentHash hash = 0;
-        Clock::TimePoint readAt;
+        qint64 size;
+        qint64 modificationTime;
+        qint64 changeTime;
+        quint64 inode;
+        quint64 device;
+        ContentHash hash;
     };
     struct Shard {
         mutable std::mutex mutex;
         QHash<QByteArray, Reading> readings;
     };
 
+    [[nodiscard]] bool keepsChangeTimes(const QByteArray& path, quint64 device);
+    [[nodiscard]] std::size_t shardOf(const QByteArray& path) const;
+
     const Clock& m_clock;
     FileSystems& m_fileSystems;
+    std::mutex m_devicesMutex;
+    QHash<quint64, bool> m_keepsChangeTimes; ///< by device
     std::array<Shard, 64> m_shards;
 };
 
