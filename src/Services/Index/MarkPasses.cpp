@@ -1,0 +1,62 @@
+#include "Services/Index/MarkPasses.h"
+
+#include "Services/Index/NextByte.h"
+#include "Services/Index/TextCuts.h"
+#include "Services/Index/Utf8Classes.h"
+
+namespace jotwell {
+
+namespace {
+
+const char* afterWordsAndDashes(const char* place, const char* end)
+{
+    for (;;) {
+        place = afterWord(place, end);
+        if (place == end || *place != '-')
+            return place;
+        ++place;
+    }
+}
+
+bool isEmphasis(char byte)
+{
+    return byte == '*' || byte == '_' || byte == '~';
+}
+
+} // namespace
+
+void removeBlockReferences(QByteArray& text)
+{
+    TextCuts cuts(text);
+    const char* end = cuts.end();
+    NextByte caret('^', end);
+    const char* place = caret.from(cuts.begin());
+    for (; place != end; place = caret.from(place)) {
+        const char* reference = place++;
+        const char* name = place;
+        place = afterWordsAndDashes(name, end);
+        if (place != name)
+            cuts.cut(reference, place);
+    }
+}
+
+void removeEmphasis(QByteArray& text)
+{
+    TextCuts cuts(text);
+    const char* openTilde = nullptr; // where a tilde that waits for its pair ends, once moved
+    for (const char* place = cuts.begin(); place != cuts.end(); ++place) {
+        if (!isEmphasis(*place))
+            continue;
+        if (*place != '~') {
+            cuts.cut(place, place + 1);
+        } else if (cuts.keepUpTo(place) != openTilde) {
+            openTilde = cuts.keepUpTo(place + 1);
+        } else {
+            cuts.cut(place, place + 1);
+            cuts.dropLast();
+            openTilde = nullptr;
+        }
+    }
+}
+
+} // namespace jotwell

@@ -1,0 +1,47 @@
+#include "Services/Index/TagMarks.h"
+
+#include "Services/Index/NextByte.h"
+
+#include <algorithm>
+
+namespace jotwell {
+
+namespace {
+
+bool isUpper(char byte)
+{
+    return byte >= 'A' && byte <= 'Z';
+}
+
+bool isOfTag(char byte)
+{
+    return (byte >= 'a' && byte <= 'z') || isUpper(byte) || (byte >= '0' && byte <= '9') ||
+           byte == '_' || byte == '-';
+}
+
+QString lowerCased(const char* begin, const char* end)
+{
+    QString tag(end - begin, Qt::Uninitialized);
+    std::transform(begin, end, tag.begin(),
+                   [](char byte) { return QChar::fromLatin1(isUpper(byte) ? byte + 0x20 : byte); });
+    return tag;
+}
+
+} // namespace
+
+TagSet tagsAtMarks(QByteArrayView text, HoldsBack holdsBack)
+{
+    QStringList tags;
+    const char* end = text.end();
+    NextByte nextMark('#', end);
+    const char* mark = nextMark.from(text.begin());
+    for (; mark != end; mark = nextMark.from(mark + 1)) {
+        const char* tag = mark + 1;
+        const char* tagEnd = std::find_if_not(tag, end, isOfTag);
+        if (tagEnd != tag && (mark == text.begin() || !holdsBack(mark)))
+            tags.append(lowerCased(tag, tagEnd));
+    }
+    return tagSet(std::move(tags));
+}
+
+} // namespace jotwell
