@@ -1,7 +1,7 @@
 #include "Support/Background.h"
 
 #include <QThreadPool>
-#include <QtConcurrent/QtConcurrentRun>
+#include <QtConcurrent/qtconcurrenttask.h>
 
 #ifdef JOTWELL_THREAD_SANITIZER
 #    include <sanitizer/tsan_interface.h>
@@ -36,14 +36,15 @@ void take([[maybe_unused]] Way way)
 
 } // namespace
 
-QFuture<void> startInBackground(QThreadPool& pool, std::function<void()> work)
+QFuture<void> startInBackground(QThreadPool& pool, std::function<void()> work, int priority)
 {
     give(Way::toBackground);
-    return QtConcurrent::run(&pool, [work = std::move(work)] {
+    auto run = [work = std::move(work)] {
         take(Way::toBackground);
         work();
         give(Way::back);
-    });
+    };
+    return QtConcurrent::task(std::move(run)).onThreadPool(pool).withPriority(priority).spawn();
 }
 
 void takeOverFromBackground()

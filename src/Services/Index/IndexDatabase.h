@@ -15,6 +15,7 @@ class QThreadPool;
 namespace jotwell {
 
 class Clock;
+class IndexConnection;
 
 /// The database file beside the maps: the text of every note with a full-text table, and a log of
 /// content searches. Derived data: nothing is read back from it, and no failure of it is anybody's
@@ -25,7 +26,8 @@ public:
     /// Opens `file` and makes its folder and tables, on the executor: the first operation finds
     /// them done. A damaged file is set aside under another name and made anew.
     IndexDatabase(QString file, QThreadPool& executor, const Clock& clock);
-    /// Closes it once what runs has ended; what waits is dropped.
+    /// Closes it, on the executor, once what runs has ended; what waits is dropped, so that whoever
+    /// awaits it finds nothing.
     ~IndexDatabase();
     IndexDatabase(const IndexDatabase&) = delete;
     IndexDatabase& operator=(const IndexDatabase&) = delete;
@@ -44,10 +46,9 @@ public:
     QCoro::Task<void> logSearchHistory(QString query, qsizetype resultCount, double executionTime);
 
 private:
-    class Connection;
-
     QThreadPool& m_executor;
-    std::shared_ptr<Connection> m_connection;
+    const Clock& m_clock;
+    std::shared_ptr<IndexConnection> m_connection;
 };
 
 } // namespace jotwell

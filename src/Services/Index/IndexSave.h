@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Services/Index/NoteMap.h"
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace jotwell {
+
+class IndexConnection;
+
+/// The saving of all notes of an index, a few at a time, so that others get at the database in
+/// between. If the file turns out damaged, it starts over once on the new one. On the database's
+/// thread.
+class IndexSave {
+public:
+    explicit IndexSave(NoteMap notes) : m_notes(std::move(notes)) {}
+
+    /// Does some milliseconds of it.
+    void runSlice(IndexConnection& connection);
+    /// Also to be asked where the end of a slice has been awaited.
+    [[nodiscard]] bool isFinished() const { return m_isFinished; }
+
+private:
+    void start(IndexConnection& connection);
+    int compactIfNeeded(IndexConnection& connection);
+    int writeRows(IndexConnection& connection);
+    void finish(IndexConnection& connection);
+
+    NoteMap m_notes;
+    std::vector<const FileMetadata*> m_records; ///< of `m_notes`, in its order
+    std::size_t m_next = 0;
+    std::optional<int> m_generation; ///< of the file that it writes to
+    bool m_hasStartedOver = false;
+    bool m_isCompacted = false;
+    bool m_isFinished = false;
+};
+
+} // namespace jotwell
