@@ -17,6 +17,17 @@ bool isOneCharacterPerUnit(QStringView text)
                        [](QChar unit) { return unit.unicode() < 0x300 && unit != u'\r'; });
 }
 
+using Boundaries = std::unique_ptr<UBreakIterator, decltype(&ubrk_close)>;
+
+Boundaries boundariesOf(QStringView text)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    UBreakIterator* const boundaries =
+        ubrk_open(UBRK_CHARACTER, "", reinterpret_cast<const UChar*>(text.utf16()),
+                  static_cast<int32_t>(text.size()), &status);
+    return {U_FAILURE(status) ? nullptr : boundaries, &ubrk_close};
+}
+
 template <typename Predicate>
 QString trimmed(QStringView text, Predicate isTrimmed)
 {
@@ -38,17 +49,25 @@ qsizetype characterCount(QStringView text)
 {
     if (isOneCharacterPerUnit(text))
         return text.size();
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<UBreakIterator, decltype(&ubrk_close)> boundaries(
-        ubrk_open(UBRK_CHARACTER, "", reinterpret_cast<const UChar*>(text.utf16()),
-                  static_cast<int32_t>(text.size()), &status),
-        &ubrk_close);
-    if (U_FAILURE(status))
+    const Boundaries boundaries = boundariesOf(text);
+    if (!boundaries)
         return text.size();
     qsizetype count = 0;
     while (ubrk_next(boundaries.get()) != UBRK_DONE)
         ++count;
     return count;
+}
+
+QStringView firstCharacters(QStringView text, qsizetype count)
+{
+    // One unit more: it may belong to the last character.
+    if (text.size() <= count || isOneCharacterPerUnit(text.first(count + 1)))
+        return text.first(std::min(text.size(), count));
+    const Boundaries boundaries = boundariesOf(text);
+    qsizetype end = boundaries ? 0 : count;
+    for (; boundaries && count > 0 && end < text.size(); --count)
+        end = ubrk_next(boundaries.get());
+    return text.first(end);
 }
 
 bool isWhitespace(QChar unit)

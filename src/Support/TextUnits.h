@@ -21,6 +21,8 @@ struct TextRange {
 [[nodiscard]] qsizetype utf16Length(QStringView text);
 /// Number of user-perceived characters (grapheme clusters).
 [[nodiscard]] qsizetype characterCount(QStringView text);
+/// The first `count` characters; all of a text that has no more.
+[[nodiscard]] QStringView firstCharacters(QStringView text, qsizetype count);
 
 /// Blanks, tabs and the other spaces of Unicode, without line ends.
 [[nodiscard]] bool isWhitespace(QChar unit);

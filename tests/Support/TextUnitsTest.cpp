@@ -50,6 +50,20 @@ TEST(TextUnits, TheShortWayOfCountingAgreesWithTheLongOne)
     }
 }
 
+TEST(TextUnits, TheFirstCharactersAreWhole)
+{
+    EXPECT_EQ(firstCharacters(u"abc", 2), u"ab");
+    EXPECT_EQ(firstCharacters(u"abc", 3), u"abc");
+    EXPECT_EQ(firstCharacters(u"abc", 4), u"abc");
+    EXPECT_EQ(firstCharacters(u"abc", 0), u"");
+    EXPECT_EQ(firstCharacters(u"", 2), u"");
+    EXPECT_EQ(firstCharacters(u"ab\u0308c", 2), u"ab\u0308");
+    EXPECT_EQ(firstCharacters(u"ab\u0308", 1), u"a");
+    EXPECT_EQ(firstCharacters(u"\r\n\r\na", 2), u"\r\n\r\n");
+    EXPECT_EQ(firstCharacters(u"\U0001F600\U0001F601", 1), u"\U0001F600");
+    EXPECT_EQ(firstCharacters(u"a\u0308\u0308\u0308", 2), u"a\u0308\u0308\u0308");
+}
+
 TEST(TextUnits, WhitespaceHasNoLineEnds)
 {
     for (const char16_t space : {u' ', u'\t', u'\u00a0', u'\u2003', u'\u202f', u'\u3000'})

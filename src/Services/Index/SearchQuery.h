@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
 namespace jotwell {
 
-// What of a search is a matter of texts alone. Pure; any thread.
+// What the words of a search mean. Pure; any thread.
 
 struct SearchQuery {
     QStringList filenameTerms;
@@ -23,9 +22,5 @@ struct SearchQuery {
 
 /// The words that a note's text is searched for: in lower case, cut at each U+0020.
 [[nodiscard]] QStringList contentTerms(const QString& query);
-
-/// The first sentence of `text` (UTF-8) of 11 characters or more that holds one of the query's
-/// words, or else the whole text; cut to 200 characters, with "..." behind if it was.
-[[nodiscard]] QString createSimpleSnippet(QByteArrayView text, const QString& query);
 
 } // namespace jotwell
