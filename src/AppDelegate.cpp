@@ -6,6 +6,7 @@
 #include "Platform/TerminationSignals.h"
 #include "Services/CommandService.h"
 #include "Services/SettingsService.h"
+#include "Services/TagIndexService.h"
 #include "Services/TemplateSyncService.h"
 #include "Services/ToastManager.h"
 #include "Support/Logging.h"
@@ -45,6 +46,7 @@ void AppDelegate::applicationDidFinishLaunching()
     setupTermination();
     if (!m_settings.onboardingCompleted())
         showOnboarding();
+    startIndex();
     m_desktop.statusItem.setAction([this] { toggleFloatingWindow(); });
     m_desktop.door.answer([this] { toggleFloatingWindow(); },
                           [this](const QString& name) { performAction(name); });
@@ -52,6 +54,13 @@ void AppDelegate::applicationDidFinishLaunching()
     setupFloatingWindow();
     // Reads its folder when it is made: now, rather than when the first note is waiting for it.
     m_scheduler.after({}, this, [] { static_cast<void>(TemplateSyncService::shared()); });
+}
+
+void AppDelegate::startIndex()
+{
+    const QString vaultPath = m_settings.obsidianFolderPath();
+    if (!vaultPath.isEmpty())
+        QCoro::connect(TagIndexService::shared().buildIndex(vaultPath), this, [] {});
 }
 
 void AppDelegate::setupFloatingWindow()
@@ -128,8 +137,10 @@ bool AppDelegate::eventFilter(QObject* watched, QEvent* event)
 
 void AppDelegate::terminate()
 {
-    if (!std::exchange(m_isTerminating, true))
-        quitWhenIdle(0, idleTurnsAtMost);
+    if (std::exchange(m_isTerminating, true))
+        return;
+    TagIndexService::shared().stop();
+    quitWhenIdle(0, idleTurnsAtMost);
 }
 
 void AppDelegate::quitWhenIdle(int idleTurns, int turnsLeft)

@@ -52,6 +52,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void startIndex();
     void setupFloatingWindow();
     void performToggleFloatingWindow();
     void showOnboarding();

@@ -63,6 +63,13 @@ QIcon statusIcon()
                       QGuiApplication::palette().windowText().color());
 }
 
+bool hasLetGo(QThreadPool& pool)
+{
+    constexpr int milliseconds = 1000;
+    pool.clear();
+    return pool.waitForDone(milliseconds);
+}
+
 // The application itself: everything that the services and the delegate stand on, in the order in
 // which it is to go again.
 int run(InstanceDoor& door)
@@ -81,10 +88,13 @@ int run(InstanceDoor& door)
         delegate.applicationDidFinishLaunching();
         status = QApplication::exec();
     }
-    // Work that still hangs by now has had its time, and its thread can't be waited for.
+    // Work that still hangs by now has had its time, and its thread can't be waited for. The index
+    // is made anew at the next start: it only has to let go.
     if (!platform.background.waitForDone(0))
         std::_Exit(status);
     releaseSharedServices();
+    if (!hasLetGo(platform.bulk) || !hasLetGo(platform.database))
+        std::_Exit(status);
     return status;
 }
 

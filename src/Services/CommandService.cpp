@@ -32,7 +32,7 @@ QCoro::Task<bool> CommandService::executeCommand(Command command, QString text)
     case Command::newNote:
         co_return co_await executeNewNoteCommand(text);
     case Command::searchNotes:
-        co_return false; // joins with the index
+        co_return co_await executeSearchNotesCommand(text);
     case Command::recentNotes:
         co_return co_await executeRecentNotesCommand(text);
     }
@@ -46,6 +46,34 @@ QCoro::Task<bool> CommandService::executeNewNoteCommand(QString text)
     const auto chosen = name ? regularTemplate(*name) : std::nullopt;
     const auto created = co_await m_notes.createNote(text, chosen);
     co_return created.ok();
+}
+
+QCoro::Task<bool> CommandService::executeSearchNotesCommand(QString text)
+{
+    auto findQuery = [text] { return searchQueryIn(text); };
+    const QString query = co_await inBackground(m_background, std::move(findQuery));
+    if (query.isEmpty()) {
+        m_toasts.showWarning(QStringLiteral("Please enter a search query"));
+        co_return false;
+    }
+    co_return co_await deliverSearch(query);
+}
+
+QCoro::Task<void> CommandService::performSearch(QString query)
+{
+    co_await deliverSearch(query);
+}
+
+// False if the search failed; the user has been told by then.
+QCoro::Task<bool> CommandService::deliverSearch(QString query)
+{
+    const auto notes = co_await m_notes.searchNotes(query);
+    if (!notes)
+        co_return false;
+    deliver(*notes);
+    if (notes->isEmpty())
+        m_toasts.showWarning(QStringLiteral("No notes found matching '%1'").arg(query));
+    co_return true;
 }
 
 QCoro::Task<bool> CommandService::executeRecentNotesCommand(QString text)

@@ -36,9 +36,15 @@ public:
 
     QCoro::Task<bool> executeCommand(Command command, QString text);
     QCoro::Task<bool> executeNewNoteCommand(QString text);
+    QCoro::Task<bool> executeSearchNotesCommand(QString text);
     QCoro::Task<bool> executeRecentNotesCommand(QString text);
 
+    /// Searches for `query` as it stands and hands the notes to the listener. Doesn't end an
+    /// earlier search: the list of the one that finishes last stays.
+    QCoro::Task<void> performSearch(QString query);
+
 private:
+    QCoro::Task<bool> deliverSearch(QString query);
     [[nodiscard]] std::optional<ObsidianTemplate> regularTemplate(const QString& name) const;
     void deliver(const NoteSearchResults& notes);
 

@@ -2,21 +2,31 @@
 
 #include "Platform/Clock.h"
 #include "Platform/Platform.h"
+#include "Platform/Scheduler.h"
 #include "Platform/Workspace.h"
 #include "Services/NoteText.h"
 #include "Services/SettingsService.h"
+#include "Services/TagIndexService.h"
 #include "Services/ToastManager.h"
 #include "Services/VaultFolder.h"
 #include "Support/Background.h"
 #include "Support/FolderWalk.h"
+#include "Support/Sleep.h"
 
+#include <QPointer>
 #include <QUrl>
 
 namespace jotwell {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 const QString allFolders = QStringLiteral("All Folders");
+
+// A search doesn't wait longer for a build than these together: it then finds what there is.
+constexpr auto indexPollInterval = 100ms;
+constexpr int indexPollsAtMost = 30;
 
 /// All that a note is made of, taken on the main thread for the work in the background.
 struct NoteOrder {
@@ -51,12 +61,28 @@ void reportNoteError(ToastManager& toasts, const NoteError& error)
         toasts.showError(vaultError->errorDescription());
 }
 
+NoteSearchResult noteOf(const IndexSearchResult& found)
+{
+    NoteSearchResult note = NoteSearchResult::forPath(found.path);
+    note.snippet = found.snippet;
+    note.relevanceScore = found.relevanceScore;
+    note.isFullTextResult = found.matchType == MatchType::fullText;
+    return note;
+}
+
+bool isForText(const QString& query)
+{
+    return !query.startsWith(u'#') && query.contains(u' ');
+}
+
 } // namespace
 
 ObsidianService::ObsidianService(const Platform& platform, SettingsService& settings,
-                                 ToastManager& toasts)
-    : m_platform(platform), m_settings(settings), m_toasts(toasts), m_files(platform.files)
+                                 ToastManager& toasts, TagIndexService& tagIndex)
+    : m_platform(platform), m_settings(settings), m_toasts(toasts), m_tagIndex(tagIndex),
+      m_files(platform.files)
 {
+    QCoro::connect(initializeIndexIfNeeded(), &m_tagIndex, [] {});
 }
 
 QCoro::Task<Result<void, NoteError>>
@@ -90,6 +116,53 @@ ObsidianTemplate
 ObsidianService::templateFor(const std::optional<ObsidianTemplate>& noteTemplate) const
 {
     return noteTemplate ? *noteTemplate : m_settings.getLastUsedTemplate();
+}
+
+QCoro::Task<void> ObsidianService::initializeIndexIfNeeded()
+{
+    const QString folder = m_settings.obsidianFolderPath();
+    if (folder.isEmpty())
+        co_return;
+    const QPointer index(&m_tagIndex);
+    co_await nextTurn(); // whoever made this service goes on first
+    if (index && index->indexStatus().kind == IndexStatus::Kind::notStarted)
+        co_await index->buildIndex(folder);
+}
+
+QCoro::Task<void> ObsidianService::ensureIndexReady()
+{
+    const QString folder = m_settings.obsidianFolderPath();
+    if (folder.isEmpty())
+        co_return;
+    const QPointer index(&m_tagIndex);
+    const IndexStatus::Kind status = index->indexStatus().kind;
+    if (status == IndexStatus::Kind::notStarted || status == IndexStatus::Kind::error)
+        co_await index->buildIndex(folder);
+    Scheduler& scheduler = m_platform.scheduler;
+    for (int polls = 0; index && index->isIndexing() && polls < indexPollsAtMost; ++polls)
+        co_await sleepFor(scheduler, indexPollInterval);
+}
+
+QCoro::Task<ObsidianService::Notes> ObsidianService::searchNotes(QString query)
+{
+    const auto vault = co_await readableVault();
+    if (!vault)
+        co_return vault.error();
+    const QPointer index(&m_tagIndex);
+    co_await ensureIndexReady();
+    if (index)
+        co_await index->refreshIndex();
+    if (!index)
+        co_return NoteSearchResults();
+    SearchAnswer answer;
+    if (isForText(query))
+        answer = co_await index->searchContent(query, *vault);
+    else
+        answer = co_await index->searchNotes(query, *vault);
+    NoteSearchResults notes;
+    for (const IndexSearchResult& found : answer.results)
+        notes.append(noteOf(found));
+    co_return notes;
 }
 
 QCoro::Task<ObsidianService::Notes> ObsidianService::getRecentNotes()

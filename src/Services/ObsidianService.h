@@ -16,17 +16,20 @@
 namespace jotwell {
 
 class SettingsService;
+class TagIndexService;
 class ToastManager;
 struct Platform;
 
-/// The vault as a place for notes: writes them, lists the recent ones and the folders, opens one in
-/// Obsidian. An operation that fails has told the user by a toast when it comes back. Main thread;
-/// the work on files is done in the background.
+/// The vault as a place for notes: writes them, searches them, lists the recent ones and the
+/// folders, opens one in Obsidian. An operation that fails has told the user by a toast when it
+/// comes back. Main thread; the work on files is done in the background.
 class ObsidianService {
 public:
     using Notes = Result<NoteSearchResults, NoteError>;
 
-    ObsidianService(const Platform& platform, SettingsService& settings, ToastManager& toasts);
+    /// Starts `initializeIndexIfNeeded`, without waiting for it.
+    ObsidianService(const Platform& platform, SettingsService& settings, ToastManager& toasts,
+                    TagIndexService& tagIndex);
     [[nodiscard]] static ObsidianService& shared();
 
     /// Writes the note in `text`, command and parameter and all, as a new file in the vault.
@@ -40,6 +43,15 @@ public:
     /// What a note is made with: the given template, or else the last used one.
     [[nodiscard]] ObsidianTemplate
     templateFor(const std::optional<ObsidianTemplate>& noteTemplate) const;
+
+    /// Builds the index of the vault, if one is set and none has been begun.
+    QCoro::Task<void> initializeIndexIfNeeded();
+    /// Builds the index if there is none, and waits for a build under way: 3 seconds at most.
+    QCoro::Task<void> ensureIndexReady();
+
+    /// Searches the vault: by text if the query has a blank, else, and for a query that begins with
+    /// "#", by file name and tag. In the order of the index; finding nothing is no failure.
+    QCoro::Task<Notes> searchNotes(QString query);
 
     /// The notes of the whole vault that changed last, as many as the settings say.
     QCoro::Task<Notes> getRecentNotes();
@@ -59,6 +71,7 @@ private:
     const Platform& m_platform;
     SettingsService& m_settings;
     ToastManager& m_toasts;
+    TagIndexService& m_tagIndex;
     AtomicFile m_files;
 };
 

@@ -4,6 +4,7 @@
 #include "Services/CommandService.h"
 #include "Services/ObsidianService.h"
 #include "Services/SettingsService.h"
+#include "Services/TagIndexService.h"
 #include "Services/TemplateSyncService.h"
 #include "Services/ToastManager.h"
 
@@ -21,6 +22,7 @@ struct SharedServices {
     std::unique_ptr<ToastManager> toastManager;
     std::unique_ptr<SettingsService> settings;
     std::unique_ptr<TemplateSyncService> templateSync;
+    std::unique_ptr<TagIndexService> tagIndex;
     std::unique_ptr<ObsidianService> obsidian;
     std::unique_ptr<CommandService> command;
 };
@@ -43,6 +45,7 @@ void releaseSharedServices()
     SharedServices& all = services();
     all.command.reset();
     all.obsidian.reset();
+    all.tagIndex.reset();
     all.templateSync.reset();
     all.settings.reset();
     all.toastManager.reset();
@@ -76,12 +79,21 @@ TemplateSyncService& TemplateSyncService::shared()
     return *all.templateSync;
 }
 
+TagIndexService& TagIndexService::shared()
+{
+    SharedServices& all = services();
+    if (!all.tagIndex)
+        all.tagIndex = std::make_unique<TagIndexService>(*all.platform);
+    return *all.tagIndex;
+}
+
 ObsidianService& ObsidianService::shared()
 {
     SharedServices& all = services();
     if (!all.obsidian)
-        all.obsidian = std::make_unique<ObsidianService>(*all.platform, SettingsService::shared(),
-                                                         ToastManager::shared());
+        all.obsidian =
+            std::make_unique<ObsidianService>(*all.platform, SettingsService::shared(),
+                                              ToastManager::shared(), TagIndexService::shared());
     return *all.obsidian;
 }
 

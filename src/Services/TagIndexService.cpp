@@ -117,7 +117,7 @@ QCoro::Task<void> TagIndexService::takeInNotes(std::vector<QByteArray> files)
     const auto total = static_cast<qsizetype>(files.size());
     const NoteExtraction::Extract extract = [&clock = m_platform.clock,
                                              readings = m_readings](const QByteArray& path) {
-        return extractMetadata(path, clock, *readings);
+        return jotwell::extractMetadata(path, clock, *readings);
     };
     NoteExtraction extraction(std::move(files), extract, m_platform.bulk);
     QElapsedTimer stretch;
@@ -197,13 +197,18 @@ QCoro::Task<qsizetype> TagIndexService::applyFindings(ScanFindings findings, Not
     co_return count;
 }
 
+QCoro::Task<FileMetadataPtr> TagIndexService::extractMetadata(QString path)
+{
+    auto extract = [path = path.toUtf8(), &clock = m_platform.clock, readings = m_readings] {
+        return jotwell::extractMetadata(path, clock, *readings);
+    };
+    co_return co_await inBackground(m_platform.bulk, std::move(extract));
+}
+
 QCoro::Task<void> TagIndexService::updateFile(QString path)
 {
     const QPointer self(this);
-    auto extract = [path = path.toUtf8(), &clock = m_platform.clock, readings = m_readings] {
-        return extractMetadata(path, clock, *readings);
-    };
-    const FileMetadataPtr record = co_await inBackground(m_platform.bulk, std::move(extract));
+    const FileMetadataPtr record = co_await extractMetadata(path);
     if (!self || m_isStopping || !record)
         co_return;
     publishIndexStatus({IndexStatus::Kind::updating, {}});

@@ -54,6 +54,8 @@ public:
     /// Brings the index up to date with the watched vault, if there is one.
     QCoro::Task<void> refreshIndex();
     QCoro::Task<void> scanForChanges(QString vaultPath, bool checkContent);
+    /// Reads one note, without taking it in; none if it can't be read.
+    QCoro::Task<FileMetadataPtr> extractMetadata(QString path);
     QCoro::Task<void> updateFile(QString path);
     QCoro::Task<void> removeFile(QString path);
     void clearIndex();

@@ -5,6 +5,7 @@
 #include "Services/ObsidianService.h"
 #include "Services/ScratchFolder.h"
 #include "Services/SettingsService.h"
+#include "Services/TagIndexService.h"
 #include "Services/ToastLog.h"
 
 namespace jotwell {
@@ -31,7 +32,8 @@ struct NoteServices {
     SettingsService settings{edge.defaults, [this] { return synced; }};
     ToastManager toasts{edge.scheduler};
     ToastLog log{toasts};
-    ObsidianService notes{edge.platform, settings, toasts};
+    TagIndexService index{edge.platform};
+    ObsidianService notes{edge.platform, settings, toasts, index};
 };
 
 /// The file name of a note at the time at which the clock stands.

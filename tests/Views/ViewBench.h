@@ -4,6 +4,7 @@
 #include "Services/CommandService.h"
 #include "Services/ObsidianService.h"
 #include "Services/SettingsService.h"
+#include "Services/TagIndexService.h"
 #include "Services/ToastManager.h"
 #include "Views/FloatingWindowView.h"
 
@@ -33,7 +34,8 @@ public:
     QTemporaryDir vault;
     ToastManager toastManager{fake.scheduler};
     SettingsService settings{fake.defaults, [] { return ObsidianTemplates(); }};
-    ObsidianService notes{fake.platform, settings, toastManager};
+    TagIndexService index{fake.platform};
+    ObsidianService notes{fake.platform, settings, toastManager, index};
     CommandService commands{notes, settings, toastManager, fake.background};
     FloatingWindowView floatingWindowView{commands, toastManager, fake.scheduler};
 

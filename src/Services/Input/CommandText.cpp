@@ -47,4 +47,9 @@ std::optional<QString> folderNameIn(QStringView text)
     return trimmedWhitespace(textIn(text, match->range()).remove(u'$'));
 }
 
+QString searchQueryIn(QStringView text)
+{
+    return trimmedWhitespaceAndNewlines(text.toString().remove(rawValue(Command::searchNotes)));
+}
+
 } // namespace jotwell

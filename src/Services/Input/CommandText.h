@@ -20,4 +20,8 @@ namespace jotwell {
 /// The name of a folder behind the first "$", by the same rule.
 [[nodiscard]] std::optional<QString> folderNameIn(QStringView text);
 
+/// What is to be searched for: the text without any "/search_notes" and without the blanks and line
+/// ends around it.
+[[nodiscard]] QString searchQueryIn(QStringView text);
+
 } // namespace jotwell
