@@ -20,6 +20,12 @@ void addCommandOps(Operations& ops, Session& session)
             [&session](const QString& text) {
                 return session.commands().executeRecentNotesCommand(text);
             });
+    ops.add(u"CommandService.executeSearchNotesCommand", {u"text"},
+            [&session](const QString& text) {
+                return session.commands().executeSearchNotesCommand(text);
+            });
+    ops.add(u"CommandService.performSearch", {u"query"},
+            [&session](const QString& query) { return session.commands().performSearch(query); });
     ops.add(u"CommandService.setListener", {u"installed"}, [&session](bool isInstalled) {
         session.commands();
         session.setListening(isInstalled);

@@ -49,6 +49,12 @@ DriverPlatform::DriverPlatform(const QString& home, EffectRecorder& effects)
     m_database.setMaxThreadCount(1);
 }
 
+bool DriverPlatform::isWorking() const
+{
+    return m_scheduler.hasSleepers() || m_background.activeThreadCount() > 0 ||
+           m_bulk.activeThreadCount() > 0 || m_database.activeThreadCount() > 0;
+}
+
 QString DriverPlatform::databasePath() const
 {
     return m_home + QStringLiteral("/.driver/data/com.jotwell/TagIndex.db");

@@ -7,7 +7,7 @@
 #include "Platform/linux/LinuxFileSystems.h"
 #include "Platform/linux/PosixFileCalls.h"
 #include "Platform/qt/IniDefaultsStore.h"
-#include "Platform/qt/QtScheduler.h"
+#include "driver/ObservedScheduler.h"
 
 #include <QMutex>
 #include <QThreadPool>
@@ -53,7 +53,10 @@ public:
     [[nodiscard]] const Platform& platform() const { return m_platform; }
     [[nodiscard]] ScriptedClock& clock() { return m_clock; }
     [[nodiscard]] DefaultsStore& defaults() { return m_defaults; }
-    [[nodiscard]] QThreadPool& background() { return m_background; }
+    /// Whether a thread is at work or a task asleep.
+    [[nodiscard]] bool isWorking() const;
+    /// Waits for the database's thread.
+    void finishDatabaseWork() { m_database.waitForDone(); }
 
     [[nodiscard]] const QString& home() const { return m_home; }
     [[nodiscard]] QString databasePath() const;
@@ -61,7 +64,7 @@ public:
 private:
     const QString m_home;
     ScriptedClock m_clock;
-    QtScheduler m_scheduler;
+    ObservedScheduler m_scheduler;
     PosixFileCalls m_files;
     InotifyFolderWatcher m_folders;
     IniDefaultsStore m_defaults;

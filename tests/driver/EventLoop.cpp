@@ -4,7 +4,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
-#include <QThreadPool>
+#include <QThread>
 #include <QTimer>
 
 namespace jotwell {
@@ -28,19 +28,19 @@ void runEventLoop(std::chrono::milliseconds time)
     loop.exec();
 }
 
-bool drainEventLoop(QThreadPool& background, std::chrono::milliseconds timeOut)
+bool drainEventLoop(const std::function<bool()>& isWorking, std::chrono::milliseconds timeOut)
 {
     const QDeadlineTimer deadline(timeOut);
     for (;;) {
         // Asked first: what the work leaves behind is queued before it ends.
-        const bool isWorking = background.activeThreadCount() > 0;
+        const bool wasWorking = isWorking();
         const bool hadToDo = turnOnce();
-        if (!isWorking && !hadToDo)
+        if (!wasWorking && !hadToDo)
             return true;
         if (deadline.hasExpired())
             return false;
         if (!hadToDo)
-            background.waitForDone(1);
+            QThread::msleep(1);
     }
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <chrono>
-
-class QThreadPool;
+#include <functional>
 
 namespace jotwell {
 
@@ -10,8 +9,9 @@ namespace jotwell {
 
 void runEventLoop(std::chrono::milliseconds time);
 
-/// Runs until nothing is queued here and nothing works in `background`; timers that aren't due
-/// don't count. False if that isn't so in time.
-[[nodiscard]] bool drainEventLoop(QThreadPool& background, std::chrono::milliseconds timeOut);
+/// Runs until nothing is queued here and `isWorking` says no; timers that aren't due don't count.
+/// False if that isn't so in time.
+[[nodiscard]] bool drainEventLoop(const std::function<bool()>& isWorking,
+                                  std::chrono::milliseconds timeOut);
 
 } // namespace jotwell

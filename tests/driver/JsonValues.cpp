@@ -202,6 +202,11 @@ QJsonValue toJson(const QUuid& uuid)
     return uuidString(uuid);
 }
 
+QJsonValue toJson(Clock::TimePoint time)
+{
+    return std::chrono::duration<double>(time.time_since_epoch()).count();
+}
+
 QJsonValue toJson(const QHash<QString, bool>& values)
 {
     QJsonObject object;

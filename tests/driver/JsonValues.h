@@ -58,6 +58,7 @@ std::optional<ToastType> fromJson(const QJsonValue& json);
 [[nodiscard]] QJsonValue toJson(const QString& text);
 [[nodiscard]] QJsonValue toJson(const QByteArray& bytes);
 [[nodiscard]] QJsonValue toJson(const QUuid& uuid);
+[[nodiscard]] QJsonValue toJson(Clock::TimePoint time);
 [[nodiscard]] QJsonValue toJson(const QHash<QString, bool>& values);
 [[nodiscard]] QJsonValue toJson(const ObsidianTemplate& value);
 [[nodiscard]] QJsonValue toJson(const TemplateType& type); // the answer of TemplateType.info

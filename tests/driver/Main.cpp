@@ -65,7 +65,8 @@ bool serve(const QString& home, std::FILE* answers)
     const bool isHeard = Driver(session).run(std::cin, answers);
     constexpr std::chrono::seconds patience{2};
     // Work that still hangs by then is left to the system with all that it touches.
-    if (!drainEventLoop(session.platform().background(), patience))
+    session.stopIndex();
+    if (!drainEventLoop([&session] { return session.platform().isWorking(); }, patience))
         std::_Exit(isHeard ? EXIT_SUCCESS : EXIT_FAILURE);
     return isHeard;
 }

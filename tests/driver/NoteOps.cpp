@@ -38,6 +38,12 @@ void addNoteOps(Operations& ops, Session& session)
             });
     ops.add(u"ObsidianService.validateFolder", {u"path"},
             [](const QString& path) { return validateFolder(path); });
+    ops.add(u"ObsidianService.initializeIndexIfNeeded", {},
+            [&session] { return session.notes().initializeIndexIfNeeded(); });
+    ops.add(u"ObsidianService.ensureIndexReady", {},
+            [&session] { return session.notes().ensureIndexReady(); });
+    ops.add(u"ObsidianService.searchNotes", {u"query"},
+            [&session](const QString& query) { return session.notes().searchNotes(query); });
     ops.add(u"ObsidianService.getRecentNotes", {},
             [&session] { return session.notes().getRecentNotes(); });
     ops.add(u"ObsidianService.getRecentNotesInTopFolder", {u"folder"},

@@ -36,6 +36,8 @@ void addRecordOps(Operations& ops);
 void addToastOps(Operations& ops, Session& session);
 void addNoteOps(Operations& ops, Session& session);
 void addCommandOps(Operations& ops, Session& session);
+void addContentOps(Operations& ops);
+void addIndexOps(Operations& ops, Session& session);
 void addTemplateSyncOps(Operations& ops);
 
 } // namespace jotwell

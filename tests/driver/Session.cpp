@@ -3,6 +3,7 @@
 #include "Services/CommandService.h"
 #include "Services/ObsidianService.h"
 #include "Services/SharedServices.h"
+#include "Services/TagIndexService.h"
 #include "Services/ToastManager.h"
 
 #include <utility>
@@ -30,9 +31,27 @@ ToastManager& Session::toasts()
     return toasts;
 }
 
+TagIndexService& Session::index()
+{
+    TagIndexService& index = TagIndexService::shared();
+    if (!std::exchange(m_recordsIndex, true)) {
+        m_publications.listenTo(index);
+        // What it logs of its opening is to have been logged when the op is answered.
+        m_platform.finishDatabaseWork();
+    }
+    return index;
+}
+
+void Session::stopIndex()
+{
+    if (m_recordsIndex)
+        TagIndexService::shared().stop();
+}
+
 ObsidianService& Session::notes()
 {
     toasts(); // it would make them itself
+    index();
     return ObsidianService::shared();
 }
 

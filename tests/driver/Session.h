@@ -2,11 +2,13 @@
 
 #include "driver/DriverPlatform.h"
 #include "driver/EffectRecorder.h"
+#include "driver/PublicationRecorder.h"
 
 namespace jotwell {
 
 class CommandService;
 class ObsidianService;
+class TagIndexService;
 class ToastManager;
 
 /// One life of the shared services on a home folder. Services that have effects to record are
@@ -22,14 +24,21 @@ public:
     [[nodiscard]] EffectRecorder& effects() { return m_effects; }
 
     ToastManager& toasts();
+    TagIndexService& index();
+    /// Ends what the index is at, if there is one.
+    void stopIndex();
     ObsidianService& notes();
     CommandService& commands();
+    /// What the index published since the last call.
+    [[nodiscard]] QJsonArray takePublications() { return m_publications.take(); }
     /// Whether lists of notes have a listener: the recorder.
     void setListening(bool isListening);
 
 private:
     EffectRecorder m_effects;
     DriverPlatform m_platform;
+    PublicationRecorder m_publications;
+    bool m_recordsIndex = false;
     bool m_recordsToasts = false;
     bool m_recordsCommands = false;
 };

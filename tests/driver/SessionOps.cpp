@@ -38,7 +38,8 @@ void addSessionOps(Operations& ops, Session& session)
     ops.add(u"loop.run", {u"ms"}, [](double ms) { runEventLoop(milliseconds(ms)); });
     ops.add(u"loop.drain", {u"timeoutMs"}, [&session](std::optional<double> timeOut) -> QJsonValue {
         const auto time = milliseconds(timeOut.value_or(usualDrainTime));
-        const bool isIdle = drainEventLoop(session.platform().background(), time);
+        const bool isIdle =
+            drainEventLoop([&session] { return session.platform().isWorking(); }, time);
         return QJsonObject{{QStringLiteral("idle"), isIdle}};
     });
     ops.add(u"clock.set", {u"now"}, [&session](std::optional<Clock::TimePoint> now) {
