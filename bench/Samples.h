@@ -14,6 +14,10 @@ public:
     using Clock = std::chrono::steady_clock;
     using Milliseconds = std::chrono::duration<double, std::milli>;
 
+    void add(const Samples& others)
+    {
+        m_times.insert(m_times.end(), others.m_times.begin(), others.m_times.end());
+    }
     void add(Clock::duration time) { m_times.push_back(Milliseconds(time).count()); }
 
     /// The value below which `share` of the times lie, in milliseconds.

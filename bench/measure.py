@@ -1,144 +1,36 @@
-"""Runs the benchmarks and makes a table of them: each figure beside a reference that was measured in
+"""Runs the benchmarks and makes tables of them: each figure beside a reference that was measured in
 the same run, by turns, so that a slow machine slows both."""
 
-import json
-import os
-import platform
-import statistics
-import subprocess
-import sys
-import time
-from pathlib import Path
+import argparse
 
-ROOT = Path(__file__).resolve().parent.parent
-BUILD = ROOT / "build" / "release"
-sys.path.insert(0, str(ROOT / "tests" / "EndToEnd"))
+import desktop_jobs
+import index_jobs
+from figures import write
 
-from desktop import Desktop  # noqa: E402
-from processes import wait_until  # noqa: E402
-
-STARTS = 21
-FIRST_SHOWS = 11
-MARKS = "<!-- figures: written by bench/run -->", "<!-- end of figures -->"
+GROUPS = {"desktop": desktop_jobs, "index": index_jobs}
 
 
-def figures(*command, environment=None):
-    """What a benchmark prints, by name."""
-    printed = subprocess.run(command, env=environment, stdout=subprocess.PIPE, text=True,
-                             check=True, timeout=600).stdout
-    lines = [json.loads(line) for line in printed.splitlines()]
-    return {line["name"]: line for line in lines}
-
-
-def create_note():
-    found = figures(BUILD / "bench" / "CreateNoteBench", BUILD)
-    ours, bare = found["createNote"], found["createNote reference"]
-    return ("`createNote`, a note of 1.6 KB, until it is safe on the disk",
-            ours, "the bare system calls", bare)
-
-
-def later_show(desktop):
-    found = figures(BUILD / "bench" / "WindowBench", environment=desktop.environment)
-    return ("show the window again, to the end of its first frame",
-            found["later show"], "a bare Qt window", found["later show reference"])
-
-
-def first_show(desktop):
-    runs = [figures(BUILD / "bench" / "WindowBench", "--first", environment=desktop.environment)
-            for _ in range(FIRST_SHOWS)]
-    return ("show the window for the first time, to the end of its first frame",
-            summary([run["first show"]["p50"] for run in runs]), "a bare Qt window",
-            summary([run["first show reference"]["p50"] for run in runs]))
-
-
-def start_to_tray(desktop, watcher):
-    ours, bare = [], []
-    for _ in range(STARTS):
-        bare.append(timed_start(desktop, watcher, BUILD / "bench" / "BareTray"))
-        ours.append(timed_start(desktop, watcher, BUILD / "src" / "jotwell"))
-    return ("start of the process to the tray item on the bus",
-            summary(ours[1:]), "a bare Qt program with a tray item", summary(bare[1:]))
-
-
-def timed_start(desktop, watcher, program):
-    before = len(watcher.output().split())
-    start = time.monotonic()
-    process = desktop.spawn("measured", [program])
-    wait_until(lambda: len(watcher.output().split()) > before, "the tray item")
-    registered = float(watcher.output().split()[before])
-    process.stop()
-    return (registered - start) * 1000
-
-
-def memory(desktop):
-    """Resident megabytes: hidden since the start, and after the window was shown once."""
-    process = desktop.spawn("jotwell", [BUILD / "src" / "jotwell"])
-    wait_until(lambda: desktop.owns_name("com.jotwell.Jotwell"), "the program on the bus")
-    time.sleep(1)
-    hidden = resident(process)
-    desktop.spawn("second", [BUILD / "src" / "jotwell"]).exit_status()
-    desktop.wait_for_window()
-    desktop.press("Escape")
-    desktop.wait_for_no_window()
-    time.sleep(1)
-    shown = resident(process)
-    process.stop()
-    return hidden, shown
-
-
-def resident(process):
-    status = Path(f"/proc/{process.pid()}/status").read_text()
-    [line] = [line for line in status.splitlines() if line.startswith("VmRSS")]
-    return int(line.split()[1]) / 1024
-
-
-def summary(times):
-    ordered = sorted(times)
-    return {"p50": statistics.median(ordered), "p99": ordered[-1]}
-
-
-def table(rows, resident_memory):
-    lines = ["| Job | p50 | p99 | Reference | p50 | Ratio |", "|---|---|---|---|---|---|"]
-    for job, ours, reference, bare in rows:
-        lines.append(f"| {job} | {ours['p50']:.2f} ms | {ours['p99']:.2f} ms | {reference} "
-                     f"| {bare['p50']:.2f} ms | {ours['p50'] / bare['p50']:.2f} |")
-    hidden, shown = resident_memory
-    lines.append("")
-    lines.append(f"Resident memory: {hidden:.0f} MB since the start, {shown:.0f} MB once the window "
-                 "has been shown.")
-    lines.append("")
-    lines.append(f"Measured on {len(os.sched_getaffinity(0))} cores ({cpu()}), "
-                 f"Linux {platform.release().split('-')[0]}, in a Release build, under Xvfb with "
-                 "openbox and picom, software rendering. Where a job ran fewer than a hundred "
-                 "times, p99 is its slowest run.")
-    return "\n".join(lines)
-
-
-def cpu():
-    names = [line.split(":", 1)[1].strip() for line in Path("/proc/cpuinfo").read_text().splitlines()
-             if line.startswith("model name")]
-    return names[0] if names else platform.machine()
-
-
-def write(text):
-    readme = ROOT / "README.md"
-    before, rest = readme.read_text().split(MARKS[0])
-    after = rest.split(MARKS[1])[1]
-    readme.write_text(f"{before}{MARKS[0]}\n\n{text}\n\n{MARKS[1]}{after}")
+def arguments():
+    parser = argparse.ArgumentParser(prog="bench/run")
+    parser.add_argument("groups", nargs="*", metavar="GROUP",
+                        help=f"what to measure, of {', '.join(GROUPS)}; all without any")
+    parser.add_argument("--write", action="store_true",
+                        help="put the tables into the documents that quote them")
+    found = parser.parse_args()
+    unknown = set(found.groups) - set(GROUPS)
+    if unknown:
+        parser.error(f"there is no {', '.join(unknown)}")
+    return found
 
 
 def main():
-    rows = [create_note()]
-    with Desktop() as desktop:
-        desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
-        watcher = desktop.spawn("watcher",
-                                ["/usr/bin/python3", ROOT / "bench" / "tray_watcher.py"])
-        wait_until(lambda: desktop.owns_name("org.kde.StatusNotifierWatcher"), "the tray")
-        rows += [start_to_tray(desktop, watcher), first_show(desktop), later_show(desktop)]
-        text = table(rows, memory(desktop))
-    print(text)
-    if "--write" in sys.argv[1:]:
-        write(text)
+    asked = arguments()
+    for name in asked.groups or GROUPS:
+        text = GROUPS[name].measure()
+        print(text, flush=True)
+        if asked.write:
+            for document, start in GROUPS[name].PLACES:
+                write(document, start, text)
 
 
 main()

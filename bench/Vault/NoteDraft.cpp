@@ -96,6 +96,10 @@ void NoteDraft::addAddress()
     addPlainWord();
     m_text += ".example/";
     addPlainWord();
+    for (std::size_t more = m_random.between(0, 5); more > 0; --more) {
+        m_text += '-';
+        addPlainWord();
+    }
 }
 
 void NoteDraft::addNoteTitle()

@@ -6,7 +6,7 @@ namespace jotwell::bench {
 
 namespace {
 
-constexpr std::size_t roomForBlocks = 1200; // bytes; what is shorter ends in plain sentences
+constexpr std::size_t roomForBlocks = 800; // bytes; what is shorter ends in plain sentences
 
 // One random number to a statement: within one, the compiler would choose their order.
 
@@ -125,7 +125,7 @@ void addCode(NoteDraft& draft)
     draft.add("```");
     draft.add(languages[draft.random().below(5)]);
     draft.add("\n");
-    for (std::size_t line = draft.random().between(2, 12); line > 0; --line) {
+    for (std::size_t line = draft.random().between(3, 24); line > 0; --line) {
         draft.add(draft.random().oneIn(3) ? "    " : "");
         draft.addPlainWord();
         draft.add(" = ");
@@ -157,15 +157,15 @@ void addTable(NoteDraft& draft)
 void addBlock(NoteDraft& draft)
 {
     const std::size_t choice = draft.random().below(100);
-    if (choice < 14)
+    if (choice < 12)
         addHeading(draft);
-    else if (choice < 40)
+    else if (choice < 34)
         addList(draft);
-    else if (choice < 45)
+    else if (choice < 52)
         addCode(draft);
-    else if (choice < 47)
+    else if (choice < 54)
         addTable(draft);
-    else if (choice < 49)
+    else if (choice < 56)
         draft.add("***\n\n");
     else
         addParagraph(draft);
