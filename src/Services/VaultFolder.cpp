@@ -17,22 +17,18 @@ struct DatedNote {
     qint64 changed;
     qsizetype number; ///< in the order of the walk
     QByteArray path;
-
-    [[nodiscard]] bool isNewerThan(const DatedNote& other) const
-    {
-        return changed != other.changed ? changed > other.changed : number < other.number;
-    }
 };
 
 bool isNewer(const DatedNote& left, const DatedNote& right)
 {
-    return left.isNewerThan(right);
+    return left.changed != right.changed ? left.changed > right.changed
+                                         : left.number < right.number;
 }
 
 /// The newest of all notes that it is told of; of the others it keeps nothing.
-class NewestNotes {
+class RecentNotes {
 public:
-    explicit NewestNotes(qsizetype count) : m_count(static_cast<size_t>(count)) {}
+    explicit RecentNotes(qsizetype count) : m_count(static_cast<size_t>(count)) {}
 
     void add(const FolderEntry& entry)
     {
@@ -77,15 +73,15 @@ Result<void, ObsidianError> validateFolder(const QString& path)
 
 NoteSearchResults recentNotesBelow(const QString& folder, qsizetype count)
 {
-    NewestNotes newest(count);
-    const auto visit = [&newest](const FolderEntry& entry) {
+    RecentNotes notes(count);
+    const auto visit = [&notes](const FolderEntry& entry) {
         if (entry.isNote())
-            newest.add(entry);
+            notes.add(entry);
     };
     NoteSearchResults recent;
     if (!walkFolder(folder, visit))
         return recent;
-    for (const DatedNote& note : newest.takeSorted())
+    for (const DatedNote& note : notes.takeSorted())
         recent.append(NoteSearchResult::forPath(QString::fromUtf8(note.path)));
     return recent;
 }

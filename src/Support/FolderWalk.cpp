@@ -1,6 +1,7 @@
 #include "Support/FolderWalk.h"
 
 #include <cerrno>
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -78,13 +79,20 @@ private:
             const QByteArrayView name(static_cast<const char*>(each->d_name));
             if (name.startsWith('.') || !name.isValidUtf8())
                 continue;
-            m_path.truncate(0);
-            m_path.append(parent).append(name);
+            setPath(parent, name);
             const FolderEntry entry(folder, m_path, parent.size(), isFolder(folder, *each));
             m_visit(entry);
             if (entry.isFolder())
                 m_pending.emplace_back(m_path.constData(), m_path.size());
         }
+    }
+
+    void setPath(const QByteArray& parent, QByteArrayView name)
+    {
+        m_path.resize(parent.size() + name.size());
+        char* const bytes = m_path.data();
+        std::memcpy(bytes, parent.constData(), static_cast<size_t>(parent.size()));
+        std::memcpy(bytes + parent.size(), name.data(), static_cast<size_t>(name.size()));
     }
 
     const std::function<void(const FolderEntry&)>& m_visit;

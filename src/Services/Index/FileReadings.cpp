@@ -12,6 +12,15 @@ bool hasSettled(const FileStatus& status, Clock::TimePoint readAt)
     return status.changeTime < (read - FileReadings::settlingTime).count();
 }
 
+ContentHash hashOf(const FileStatus& status)
+{
+    const std::array<qint64, 5> fields{status.size, status.modificationTime, status.changeTime,
+                                       static_cast<qint64>(status.inode),
+                                       static_cast<qint64>(status.device)};
+    return calculateHash(QByteArrayView(reinterpret_cast<const char*>(fields.data()),
+                                        static_cast<qsizetype>(sizeof(fields))));
+}
+
 } // namespace
 
 FileReadings::FileReadings(const Clock& clock, FileSystems& fileSystems)
@@ -22,14 +31,16 @@ FileReadings::FileReadings(const Clock& clock, FileSystems& fileSystems)
 std::optional<ContentHash> FileReadings::known(const QByteArray& path,
                                                const FileStatus& status) const
 {
-    const Shard& shard = m_shards[shardOf(path)];
-    const std::scoped_lock lock(shard.mutex);
-    const auto found = shard.readings.constFind(path);
-    if (found == shard.readings.cend())
+    if (status.kind != FileStatus::Kind::regular)
         return std::nullopt;
-    const FileStatus then{FileStatus::Kind::regular, found->size,  found->modificationTime,
-                          found->changeTime,         found->inode, found->device};
-    return status == then ? std::optional(found->hash) : std::nullopt;
+    const ContentHash key = calculateHash(path);
+    const ContentHash now = hashOf(status);
+    const Shard& shard = shardOf(key);
+    const std::scoped_lock lock(shard.mutex);
+    const auto found = shard.readings.constFind(key);
+    if (found == shard.readings.cend() || found->status != now)
+        return std::nullopt;
+    return found->content;
 }
 
 void FileReadings::remember(const QByteArray& path, const FileStatus& status, ContentHash hash,
@@ -42,17 +53,18 @@ void FileReadings::remember(const QByteArray& path, const FileStatus& status, Co
         forget(path);
         return;
     }
-    Shard& shard = m_shards[shardOf(path)];
+    const ContentHash key = calculateHash(path);
+    Shard& shard = shardOf(key);
     const std::scoped_lock lock(shard.mutex);
-    shard.readings.insert(path, {status.size, status.modificationTime, status.changeTime,
-                                 status.inode, status.device, hash});
+    shard.readings.insert(key, {hashOf(status), hash});
 }
 
 void FileReadings::forget(const QByteArray& path)
 {
-    Shard& shard = m_shards[shardOf(path)];
+    const ContentHash key = calculateHash(path);
+    Shard& shard = shardOf(key);
     const std::scoped_lock lock(shard.mutex);
-    shard.readings.remove(path);
+    shard.readings.remove(key);
 }
 
 bool FileReadings::keepsChangeTimes(const QByteArray& path, quint64 device)
@@ -72,9 +84,14 @@ bool FileReadings::keepsChangeTimes(const QByteArray& path, quint64 device)
     return *answer;
 }
 
-std::size_t FileReadings::shardOf(const QByteArray& path) const
+const FileReadings::Shard& FileReadings::shardOf(ContentHash path) const
 {
-    return qHash(path) % m_shards.size();
+    return m_shards[path % m_shards.size()];
+}
+
+FileReadings::Shard& FileReadings::shardOf(ContentHash path)
+{
+    return m_shards[path % m_shards.size()];
 }
 
 } // namespace jotwell

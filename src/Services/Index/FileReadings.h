@@ -40,22 +40,20 @@ public:
     void forget(const QByteArray& path);
 
 private:
-    /// Of a regular file, under a status that can be trusted; others aren't kept.
+    /// Of a regular file, under a status that can be trusted; others aren't kept. Paths and states
+    /// are kept as keyed hashes, which takes a quarter of the room.
     struct Reading {
-        qint64 size;
-        qint64 modificationTime;
-        qint64 changeTime;
-        quint64 inode;
-        quint64 device;
-        ContentHash hash;
+        ContentHash status = 0;
+        ContentHash content = 0;
     };
     struct Shard {
         mutable std::mutex mutex;
-        QHash<QByteArray, Reading> readings;
+        QHash<ContentHash, Reading> readings; ///< by path
     };
 
     [[nodiscard]] bool keepsChangeTimes(const QByteArray& path, quint64 device);
-    [[nodiscard]] std::size_t shardOf(const QByteArray& path) const;
+    [[nodiscard]] const Shard& shardOf(ContentHash path) const;
+    [[nodiscard]] Shard& shardOf(ContentHash path);
 
     const Clock& m_clock;
     FileSystems& m_fileSystems;

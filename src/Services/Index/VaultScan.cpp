@@ -19,8 +19,7 @@ constexpr quint64 sliceCount = 720;
 
 bool isInSlice(const QByteArray& path, quint64 slice)
 {
-    constexpr size_t seed = 0; // the same at every scan
-    return qHash(path, seed) % sliceCount == slice % sliceCount;
+    return calculateHash(path) % sliceCount == slice % sliceCount;
 }
 
 // None if the note can't be read.
