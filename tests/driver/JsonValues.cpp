@@ -122,8 +122,11 @@ std::optional<Clock::TimePoint> fromJson(const QJsonValue& json)
     constexpr double farthest = 9e9; // as many seconds as nanoseconds can count
     if (!json.isDouble() || std::abs(json.toDouble()) > farthest)
         return std::nullopt;
-    const std::chrono::duration<double> seconds(json.toDouble());
-    return Clock::TimePoint(std::chrono::round<Clock::TimePoint::duration>(seconds));
+    // A double has no room for all the nanoseconds since 1970.
+    const double whole = std::floor(json.toDouble());
+    const std::chrono::duration<double> fraction(json.toDouble() - whole);
+    return Clock::TimePoint(std::chrono::seconds(static_cast<qint64>(whole)) +
+                            std::chrono::round<Clock::TimePoint::duration>(fraction));
 }
 
 template <>
@@ -204,7 +207,9 @@ QJsonValue toJson(const QUuid& uuid)
 
 QJsonValue toJson(Clock::TimePoint time)
 {
-    return std::chrono::duration<double>(time.time_since_epoch()).count();
+    const auto whole = std::chrono::floor<std::chrono::seconds>(time);
+    return static_cast<double>(whole.time_since_epoch().count()) +
+           std::chrono::duration<double>(time - whole).count();
 }
 
 QJsonValue toJson(const QHash<QString, bool>& values)
