@@ -5,15 +5,18 @@ A scenario is lines of text; README.md beside this file tells how they read.
 
 import argparse
 import base64
+import contextlib
 import difflib
 import json
 import os
 import re
 import shutil
+import sqlite3
 import sys
 import tempfile
 import urllib.parse
 import uuid
+from decimal import Decimal
 from hashlib import sha256
 from pathlib import Path
 
@@ -21,6 +24,7 @@ from driver_process import NOBODY, DriverFailure, DriverProcess
 
 SKIPPED = 77
 DRIVER_OWN = ".driver"
+DATABASE = ".driver/data/com.jotwell/TagIndex.db"
 
 _UUID = re.compile(r"[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}")
 _NAMED = re.compile(r"<(uuid|any):(\w+)>")
@@ -135,7 +139,7 @@ class Scenario:
             form, argument = next(iter(value.items()), ("", None))
             if form in _FORMS:
                 return _FORMS[form](self._home, argument)
-            return {key: self._filled(each) for key, each in value.items()}
+            return {self._filled(key): self._filled(each) for key, each in value.items()}
         return value
 
     def _read(self, text):
@@ -148,6 +152,11 @@ class Scenario:
         """`expected` with its wildcards replaced by what they stand for in `actual`."""
         if isinstance(expected, dict) and "<json>" in expected:
             return actual if self._is_text_of(expected["<json>"], actual) else expected
+        if isinstance(expected, dict) and "<matches>" in expected:
+            is_met = isinstance(actual, str) and re.fullmatch(expected["<matches>"], actual)
+            return actual if is_met else expected
+        if isinstance(expected, dict) and "<set>" in expected:
+            return actual if _is_set_of(expected["<set>"], actual) else expected
         if isinstance(expected, dict) and isinstance(actual, dict):
             return {key: self._resolved(each, actual.get(key)) for key, each in expected.items()}
         if isinstance(expected, list) and isinstance(actual, list):
@@ -276,7 +285,7 @@ class Scenario:
 
     def do_time(self, rest):
         path, seconds = self._path_and_value(rest)
-        nanoseconds = round(float(seconds) * 1e9)
+        nanoseconds = int(Decimal(seconds) * 10**9)  # no float has that many digits
         os.utime(path, ns=(nanoseconds, nanoseconds), follow_symlinks=False)
 
     def do_notes(self, rest):
@@ -315,6 +324,28 @@ class Scenario:
         except OSError as error:
             raise Mismatch(str(error)) from None
         self._compare(json.loads(names), entries)
+
+    # The database of the index
+
+    def _database(self):
+        return contextlib.closing(sqlite3.connect(Path(self._home) / DATABASE))
+
+    def do_sql(self, rest):
+        """A statement that another program carries out."""
+        with self._database() as database, database:
+            database.execute(self._read(rest))
+
+    def do_rows(self, rest):
+        """A query has exactly these rows."""
+        query, end = json.JSONDecoder().raw_decode(rest)
+        with self._database() as database:
+            rows = [list(row) for row in database.execute(self._filled(query))]
+        self._compare(json.loads(rest[end:]), rows)
+
+
+def _is_set_of(members, actual):
+    return isinstance(actual, list) and _is_same(sorted(members, key=show),
+                                                 sorted(actual, key=show))
 
 
 def _is_same(left, right):
