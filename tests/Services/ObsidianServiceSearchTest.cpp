@@ -64,14 +64,13 @@ private:
     std::optional<QCoro::Task<void>> m_build;
 };
 
-class ObsidianServiceSearchTest : public ObsidianServiceTest {
-protected:
-    ~ObsidianServiceSearchTest() override
-    {
-        edge.bulk.waitForDone();
-        edge.database.waitForDone();
-    }
+/// The log is taken before the index, whose threads write to it, is made.
+struct CapturedLog {
+    LogCapture m_lines;
+};
 
+class ObsidianServiceSearchTest : protected CapturedLog, public ObsidianServiceTest {
+protected:
     /// Names of the notes found.
     QStringList search(const QString& query)
     {
@@ -82,7 +81,6 @@ protected:
             names.append(note.fileName);
         return names;
     }
-    LogCapture m_lines;
 };
 
 TEST_F(ObsidianServiceSearchTest, AQueryWithABlankIsForTheText)
