@@ -1,5 +1,6 @@
 #include "Services/Index/LowercaseMatcher.h"
 
+#include "Services/Index/ByteRunPlaces.h"
 #include "Services/Index/CodePoints.h"
 #include "Services/Index/LowercaseAnchor.h"
 #include "Services/Index/LowercaseForms.h"
@@ -23,7 +24,8 @@ LowercaseMatcher::LowercaseMatcher(const QString& term)
 bool LowercaseMatcher::isIn(QByteArrayView text) const
 {
     const auto isFoundBy = [&](const ByteRunFilter& filter) {
-        for (qsizetype at = filter.indexIn(text, 0); at >= 0; at = filter.indexIn(text, at + 1)) {
+        ByteRunPlaces places(filter, text);
+        for (qsizetype at = places.next(); at >= 0; at = places.next()) {
             if (isAround(text, at))
                 return true;
         }

@@ -20,6 +20,14 @@ NoteIndex::Records intersection(const NoteIndex::Records& left, const NoteIndex:
     return both;
 }
 
+// A part of the path, whose place is only looked for once the path is known to hold the term.
+using PartOfPath = QByteArrayView (FileMetadata::*)() const;
+
+bool isIn(PartOfPath part, const FileMetadata& note, const LowercaseMatcher& term)
+{
+    return term.isIn(note.path) && term.isIn((note.*part)());
+}
+
 } // namespace
 
 Matchers matchersOf(const QStringList& terms)
@@ -34,15 +42,15 @@ Matchers matchersOf(const QStringList& terms)
 
 bool nameHolds(const FileMetadata& note, const Matchers& terms)
 {
-    const QByteArrayView name = note.fileName();
-    return std::all_of(terms.begin(), terms.end(),
-                       [&](const LowercaseMatcher& term) { return term.isIn(name); });
+    return std::all_of(terms.begin(), terms.end(), [&](const LowercaseMatcher& term) {
+        return isIn(&FileMetadata::fileName, note, term);
+    });
 }
 
 bool contentHolds(const FileMetadata& note, const Matchers& terms)
 {
     return std::all_of(terms.begin(), terms.end(), [&](const LowercaseMatcher& term) {
-        return term.isIn(note.cleanedContent) || term.isIn(note.title());
+        return term.isIn(note.cleanedContent) || isIn(&FileMetadata::title, note, term);
     });
 }
 

@@ -7,30 +7,35 @@ namespace jotwell {
 
 namespace {
 
-using Notes = std::vector<const FileMetadata*>;
-
 // Shards that a thread takes at a time: many enough to look ahead in, few enough to share fairly.
-constexpr std::size_t shareSize = 4;
-static_assert(NoteMap::shardCount % shareSize == 0);
+constexpr std::size_t shardsPerShare = 4;
+static_assert(NoteMap::shardCount % shardsPerShare == 0);
 
-// How many notes ahead a record and what it points to are fetched.
-constexpr std::size_t recordsAhead = 16;
+// How many notes ahead a record and what it points to are fetched: they lie wherever there was room
+// for them.
+constexpr std::size_t recordsAhead = 24;
+constexpr std::size_t pathsAhead = 10;
 constexpr std::size_t textsAhead = 4;
+
+// Once begun, a text is fetched by those who search it.
+constexpr qsizetype beginning = 512;
 constexpr qsizetype cacheLine = 64;
 
 void fetchRecord(const FileMetadata& note)
 {
     __builtin_prefetch(&note.path);
     __builtin_prefetch(&note.cleanedContent);
+    __builtin_prefetch(&note.cleanedContent + 1);
 }
 
-void fetchContent(const FileMetadata& note, NoteScan::Reads reads)
+void fetchPath(const FileMetadata& note)
 {
     __builtin_prefetch(note.path.constData());
-    if (reads == NoteScan::Reads::names)
-        return;
-    // Once begun, a text is fetched by the processor itself.
-    constexpr qsizetype beginning = 8 * cacheLine;
+    __builtin_prefetch(note.path.constData() + note.path.size());
+}
+
+void fetchText(const FileMetadata& note)
+{
     for (qsizetype at = 0; at < std::min(beginning, note.cleanedContent.size()); at += cacheLine)
         __builtin_prefetch(note.cleanedContent.constData() + at);
 }
@@ -45,25 +50,39 @@ NoteScan::NoteScan(NoteMap notes, Matches matches, Reads reads, std::size_t limi
 NewestNotes NoteScan::searchShare()
 {
     NewestNotes newest(m_limit);
-    Notes notes;
-    for (;;) {
-        const std::size_t shard = m_nextShard.fetch_add(shareSize, std::memory_order_relaxed);
-        if (shard >= NoteMap::shardCount)
-            return newest;
-        notes.clear();
-        for (const auto& records : std::span(m_notes.shards()).subspan(shard, shareSize)) {
-            for (const FileMetadataPtr& record : records)
-                notes.push_back(record.get());
-        }
+    for (Notes notes = nextShare(); !notes.empty(); notes = nextShare()) {
         for (std::size_t i = 0; i < notes.size(); ++i) {
-            if (i + recordsAhead < notes.size())
-                fetchRecord(*notes[i + recordsAhead]);
-            if (i + textsAhead < notes.size())
-                fetchContent(*notes[i + textsAhead], m_reads);
+            fetchAhead(notes, i);
             if (newest.wouldTake(*notes[i]) && m_matches(*notes[i]))
                 newest.take(*notes[i]);
         }
     }
+    return newest;
+}
+
+NoteScan::Notes NoteScan::nextShare()
+{
+    Notes notes;
+    while (notes.empty()) {
+        const std::size_t first = m_nextShard.fetch_add(shardsPerShare, std::memory_order_relaxed);
+        if (first >= NoteMap::shardCount)
+            break;
+        for (const auto& shard : std::span(m_notes.shards()).subspan(first, shardsPerShare)) {
+            for (const FileMetadataPtr& record : shard)
+                notes.push_back(record.get());
+        }
+    }
+    return notes;
+}
+
+void NoteScan::fetchAhead(const Notes& notes, std::size_t index) const
+{
+    if (index + recordsAhead < notes.size())
+        fetchRecord(*notes[index + recordsAhead]);
+    if (index + pathsAhead < notes.size())
+        fetchPath(*notes[index + pathsAhead]);
+    if (m_reads == Reads::texts && index + textsAhead < notes.size())
+        fetchText(*notes[index + textsAhead]);
 }
 
 } // namespace jotwell

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <functional>
+#include <vector>
 
 namespace jotwell {
 
@@ -24,6 +25,12 @@ public:
     [[nodiscard]] NewestNotes searchShare();
 
 private:
+    using Notes = std::vector<const FileMetadata*>;
+
+    /// Empty when nothing is left.
+    [[nodiscard]] Notes nextShare();
+    void fetchAhead(const Notes& notes, std::size_t index) const;
+
     const NoteMap m_notes;
     const Matches m_matches;
     const Reads m_reads;
