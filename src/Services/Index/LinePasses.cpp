@@ -1,5 +1,6 @@
 #include "Services/Index/LinePasses.h"
 
+#include "Services/Index/ByteBlock.h"
 #include "Services/Index/TextCuts.h"
 #include "Services/Index/Utf8Classes.h"
 
@@ -9,14 +10,19 @@ namespace jotwell {
 
 namespace {
 
+// Where a mark is followed by blanks, the place behind them.
+const char* afterMarkAndBlanks(const char* line, const char* markEnd, const char* end)
+{
+    const char* text = afterBlanks(markEnd, end);
+    return text == markEnd ? line : text;
+}
+
 const char* afterHeadingMark(const char* line, const char* end)
 {
     constexpr std::ptrdiff_t deepest = 6;
     const char* marksEnd = std::find_if(line, end, [](char byte) { return byte != '#'; });
-    if (marksEnd == line || marksEnd - line > deepest)
-        return line;
-    const char* text = afterBlanks(marksEnd, end);
-    return text == marksEnd ? line : text;
+    const bool isMark = marksEnd != line && marksEnd - line <= deepest;
+    return isMark ? afterMarkAndBlanks(line, marksEnd, end) : line;
 }
 
 bool isLineEnd(const char* place, const char* end)
@@ -32,17 +38,11 @@ const char* afterRule(const char* line, const char* end)
     return isRule ? dashesEnd : line;
 }
 
-// Where a list's mark is followed by blanks, the place behind them.
-const char* afterMarkAndBlanks(const char* line, const char* markEnd, const char* end)
-{
-    const char* text = afterBlanks(markEnd, end);
-    return text == markEnd ? line : text;
-}
-
+// Of list marks, asterisks are gone by now.
 const char* afterListMark(const char* line, const char* end)
 {
     const char* mark = afterBlanks(line, end);
-    const bool isMark = mark != end && (*mark == '-' || *mark == '+' || *mark == '*');
+    const bool isMark = mark != end && (*mark == '-' || *mark == '+');
     return isMark ? afterMarkAndBlanks(line, mark + 1, end) : line;
 }
 
@@ -84,19 +84,7 @@ public:
     }
 
     // Gives the end of what is written.
-    const char* run()
-    {
-        startLine();
-        skipSpaces();
-        while (m_read != m_end) {
-            if (m_words++ > 0)
-                *m_write++ = ' ';
-            copyWord();
-            skipSpaces();
-        }
-        return m_write;
-    }
-    [[nodiscard]] qint64 words() const { return m_words; }
+    const char* run();
 
 private:
     void startLine()
@@ -105,6 +93,7 @@ private:
             m_read = afterLineMarks(m_read, m_end);
     }
     void skipSpaces();
+    void copyPlainBlocks();
     void copyWord();
 
     const std::array<ByteKind, 256>& m_kinds = byteKinds();
@@ -112,8 +101,21 @@ private:
     char* m_write;
     const char* m_read;
     const char* m_end;
-    qint64 m_words = 0;
 };
+
+const char* Flattener::run()
+{
+    startLine();
+    skipSpaces();
+    while (m_read != m_end) {
+        copyPlainBlocks();
+        copyWord();
+        skipSpaces();
+        if (m_read != m_end)
+            *m_write++ = ' ';
+    }
+    return m_write;
+}
 
 void Flattener::skipSpaces()
 {
@@ -127,6 +129,27 @@ void Flattener::skipSpaces()
         m_read += character.length;
         if (isNewline(character.code))
             startLine();
+    }
+}
+
+// Most of most texts is ASCII words with one blank between them. To be called at a word; ends
+// inside one or behind it.
+void Flattener::copyPlainBlocks()
+{
+    const char* start = m_read;
+    while (m_end - m_read >= ByteBlock::size) {
+        const ByteBlock block(m_read);
+        const ByteBlock next(m_read + 1); // up to the zero behind the text
+        if (block.hasControlOrNonAscii() || block.sharesWith(next, ' '))
+            break;
+        block.writeTo(m_write);
+        m_read += ByteBlock::size;
+        m_write += ByteBlock::size;
+    }
+    const bool isBehindBlank = m_read != start && m_write[-1] == ' ';
+    if (isBehindBlank) {
+        --m_read;
+        --m_write;
     }
 }
 
@@ -169,7 +192,7 @@ qint64 flatten(QByteArray& text, LineMarks marks)
 {
     Flattener flattener(text, marks);
     text.truncate(flattener.run() - text.constData());
-    return flattener.words();
+    return text.isEmpty() ? 0 : text.count(' ') + 1;
 }
 
 } // namespace jotwell

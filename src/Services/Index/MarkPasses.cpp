@@ -1,8 +1,11 @@
 #include "Services/Index/MarkPasses.h"
 
+#include "Services/Index/ByteBlock.h"
 #include "Services/Index/NextByte.h"
 #include "Services/Index/TextCuts.h"
 #include "Services/Index/Utf8Classes.h"
+
+#include <algorithm>
 
 namespace jotwell {
 
@@ -21,6 +24,18 @@ const char* afterWordsAndDashes(const char* place, const char* end)
 bool isEmphasis(char byte)
 {
     return byte == '*' || byte == '_' || byte == '~';
+}
+
+bool hasEmphasis(const ByteBlock& block)
+{
+    return block.has('*') || block.has('_') || block.has('~');
+}
+
+const char* nextEmphasis(const char* place, const char* end)
+{
+    while (end - place >= ByteBlock::size && !hasEmphasis(ByteBlock(place)))
+        place += ByteBlock::size;
+    return std::find_if(place, end, isEmphasis);
 }
 
 } // namespace
@@ -44,9 +59,9 @@ void removeEmphasis(QByteArray& text)
 {
     TextCuts cuts(text);
     const char* openTilde = nullptr; // where a tilde that waits for its pair ends, once moved
-    for (const char* place = cuts.begin(); place != cuts.end(); ++place) {
-        if (!isEmphasis(*place))
-            continue;
+    const char* end = cuts.end();
+    const char* place = nextEmphasis(cuts.begin(), end);
+    for (; place != end; place = nextEmphasis(place + 1, end)) {
         if (*place != '~') {
             cuts.cut(place, place + 1);
         } else if (cuts.keepUpTo(place) != openTilde) {

@@ -57,37 +57,37 @@ QString lowerCased(QByteArrayView text)
 }
 
 // A piece of nothing but blanks gives an empty tag, an empty piece none.
-void appendPieces(QStringList& tags, const QByteArray& list)
+void addPieces(TagCollector& tags, const QByteArray& list)
 {
     for (const QByteArray& piece : list.split(',')) {
         if (!piece.isEmpty())
-            tags.append(lowerCased(trimmedBlanks(piece)));
+            tags.add(lowerCased(trimmedBlanks(piece)));
     }
 }
 
-void appendValue(QStringList& tags, QByteArray line)
+void addValue(TagCollector& tags, QByteArray line)
 {
     line.replace("tags:", "").replace("tag:", "");
     const QByteArrayView value = trimmedBlanks(line);
     if (value.startsWith('[') && value.endsWith(']'))
-        appendPieces(tags, value.sliced(1).chopped(1).toByteArray());
+        addPieces(tags, value.sliced(1).chopped(1).toByteArray());
     else if (!value.isEmpty())
-        tags.append(lowerCased(value));
+        tags.add(lowerCased(value));
 }
 
-void appendTagsOfLine(QStringList& tags, QByteArrayView line)
+void addTagsOfLine(TagCollector& tags, QByteArrayView line)
 {
     if (line.startsWith("tags:") || line.startsWith("tag:"))
-        appendValue(tags, line.toByteArray());
+        addValue(tags, line.toByteArray());
     else if (line.startsWith(listItem))
-        tags.append(lowerCased(trimmedBlanks(line.toByteArray().replace(listItem, ""))));
+        tags.add(lowerCased(trimmedBlanks(line.toByteArray().replace(listItem, ""))));
 }
 
 } // namespace
 
 TagSet extractFrontmatterTags(QByteArrayView text)
 {
-    QStringList tags;
+    TagCollector tags;
     const char* end = text.end();
     const char* place = openingFenceEnd(text);
     while (place != end) {
@@ -96,9 +96,9 @@ TagSet extractFrontmatterTags(QByteArrayView text)
         const QByteArrayView line(start, place);
         if (line == fence)
             break;
-        appendTagsOfLine(tags, line);
+        addTagsOfLine(tags, line);
     }
-    return tagSet(std::move(tags));
+    return tags.take();
 }
 
 TagSet extractContentTags(QByteArrayView text)

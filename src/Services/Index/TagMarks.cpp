@@ -31,7 +31,7 @@ QString lowerCased(const char* begin, const char* end)
 
 TagSet tagsAtMarks(QByteArrayView text, HoldsBack holdsBack)
 {
-    QStringList tags;
+    TagCollector tags;
     const char* end = text.end();
     NextByte nextMark('#', end);
     const char* mark = nextMark.from(text.begin());
@@ -39,9 +39,9 @@ TagSet tagsAtMarks(QByteArrayView text, HoldsBack holdsBack)
         const char* tag = mark + 1;
         const char* tagEnd = std::find_if_not(tag, end, isOfTag);
         if (tagEnd != tag && (mark == text.begin() || !holdsBack(mark)))
-            tags.append(lowerCased(tag, tagEnd));
+            tags.add(lowerCased(tag, tagEnd));
     }
-    return tagSet(std::move(tags));
+    return tags.take();
 }
 
 } // namespace jotwell

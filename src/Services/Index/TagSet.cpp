@@ -4,8 +4,30 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace jotwell {
+
+void TagCollector::add(QString tag)
+{
+    m_tags.append(std::move(tag));
+    if (m_tags.size() < m_limit)
+        return;
+    compact();
+    m_limit = std::max(m_limit, 2 * m_tags.size());
+}
+
+TagSet TagCollector::take()
+{
+    compact();
+    return std::exchange(m_tags, {});
+}
+
+void TagCollector::compact()
+{
+    std::sort(m_tags.begin(), m_tags.end(), precedesByCodePoint);
+    m_tags.erase(std::unique(m_tags.begin(), m_tags.end()), m_tags.end());
+}
 
 void insertTag(TagSet& tags, const QString& tag)
 {
@@ -17,13 +39,6 @@ void insertTag(TagSet& tags, const QString& tag)
 bool containsTag(const TagSet& tags, const QString& tag)
 {
     return std::binary_search(tags.cbegin(), tags.cend(), tag, precedesByCodePoint);
-}
-
-TagSet tagSet(QStringList tags)
-{
-    std::sort(tags.begin(), tags.end(), precedesByCodePoint);
-    tags.erase(std::unique(tags.begin(), tags.end()), tags.end());
-    return tags;
 }
 
 TagSet unitedTags(const TagSet& left, const TagSet& right)

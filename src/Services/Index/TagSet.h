@@ -7,8 +7,20 @@ namespace jotwell {
 /// Tags in ascending order by code point, each once. Most notes have none, and few have many.
 using TagSet = QStringList;
 
-/// The set of tags that come in any order and any number of times.
-[[nodiscard]] TagSet tagSet(QStringList tags);
+/// Makes a set of tags that come in any order and any number of times. Never holds many more than
+/// there are different ones.
+class TagCollector {
+public:
+    void add(QString tag);
+    /// What was added so far. Leaves nothing behind.
+    [[nodiscard]] TagSet take();
+
+private:
+    void compact();
+
+    QStringList m_tags;
+    qsizetype m_limit = 1'000; // for compacting; at least twice what is left then
+};
 
 /// Puts one tag into a set, unless it is there. Costs the length of the set.
 void insertTag(TagSet& tags, const QString& tag);

@@ -26,7 +26,7 @@ public:
 
     [[nodiscard]] char* begin() const { return m_begin; }
     [[nodiscard]] char* end() const { return m_end; }
-    /// A place of the text, to write there. What is cut or kept must not be written to.
+    /// The same place, to write to. What was cut or settled must be left alone.
     [[nodiscard]] char* at(const char* place) const { return m_begin + (place - m_begin); }
 
     /// Takes out what stands between two places of the old text.

@@ -40,9 +40,23 @@ TEST(TagSet, ContainsWhatWasInsertedAndNothingElse)
 
 TEST(TagSet, TagsInAnyOrderMakeASet)
 {
-    EXPECT_EQ(tagSet({emoji, u"b"_qs, fullwidth, u"b"_qs, u"a"_qs, emoji}),
-              (TagSet{u"a"_qs, u"b"_qs, fullwidth, emoji}));
-    EXPECT_EQ(tagSet({}), TagSet{});
+    TagCollector collector;
+    for (const QString& tag : {emoji, u"b"_qs, fullwidth, u"b"_qs, u"a"_qs, emoji})
+        collector.add(tag);
+    EXPECT_EQ(collector.take(), (TagSet{u"a"_qs, u"b"_qs, fullwidth, emoji}));
+    EXPECT_EQ(collector.take(), TagSet{});
+}
+
+TEST(TagSet, ManyTagsMakeASet)
+{
+    constexpr int different = 2'500;
+    TagCollector collector;
+    for (int number = 0; number < 3 * different; ++number)
+        collector.add(QString::number(number % different));
+    const TagSet tags = collector.take();
+    EXPECT_EQ(tags.size(), different);
+    for (int number = 0; number < different; ++number)
+        EXPECT_TRUE(containsTag(tags, QString::number(number))) << number;
 }
 
 TEST(TagSet, UnionHoldsEachTagOnceInOrder)
