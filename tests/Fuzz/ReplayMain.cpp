@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int mutations = 20'000;
+constexpr int mutations = 6'000;
 
 std::string current; // NOLINT: a signal handler reaches nothing else
 
