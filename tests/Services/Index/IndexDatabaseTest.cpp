@@ -1,6 +1,7 @@
 #include "Services/Index/IndexDatabaseFixture.h"
 
 #include "Services/Index/ContentHash.h"
+#include "Services/Index/IndexStatements.h"
 
 #include <QFileInfo>
 
@@ -310,7 +311,6 @@ using IndexDatabaseDeathTest = IndexDatabaseTest;
 
 TEST_F(IndexDatabaseDeathTest, AWordCountOutsideTheRangeStopsTheProgram)
 {
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
     FileMetadata record = note("A");
     record.wordCount = std::numeric_limits<int>::max();
     open();
@@ -322,7 +322,10 @@ TEST_F(IndexDatabaseDeathTest, AWordCountOutsideTheRangeStopsTheProgram)
     for (const qint64 count : {qint64(std::numeric_limits<int>::max()) + 1,
                                qint64(std::numeric_limits<int>::min()) - 1}) {
         record.wordCount = count;
-        EXPECT_DEATH(save(record), "word count -?2147483[0-9]+ is out of range");
+        Database database;
+        database.open(file(), SQLITE_OPEN_READWRITE, nullptr);
+        EXPECT_DEATH(ContentWriter(database).save(record),
+                     "word count -?2147483[0-9]+ is out of range");
     }
 }
 
