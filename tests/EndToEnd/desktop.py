@@ -88,11 +88,17 @@ class Desktop:
         self._processes.append(process)
         return process
 
-    def start_program(self, *, clock=None, **environment):
-        """Starts Jotwell; with `clock`, time stands still at that moment for it."""
+    def start_program(self, *, clock=None, by=(), **environment):
+        """Starts Jotwell; with `clock`, time stands still at that moment for it; with `by`, that
+        command becomes it."""
         if clock:
             environment |= _standing_clock(clock)
-        return self.spawn("jotwell", [program()], **_SANITIZER_OPTIONS, **environment)
+        return self.spawn("jotwell", [*by, program()], **_SANITIZER_OPTIONS, **environment)
+
+    def log(self):
+        """The lines that Jotwell and Qt have logged on this desktop."""
+        file = self.folder / "jotwell.err"
+        return file.read_text(errors="replace").splitlines() if file.exists() else []
 
     def strays(self):
         """The ids of processes on this desktop that others than the test have started."""
