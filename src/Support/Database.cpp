@@ -39,6 +39,8 @@ int Statement::step()
 
 void Statement::reset()
 {
+    if (!m_handle)
+        return;
     sqlite3_reset(m_handle.get());
     sqlite3_clear_bindings(m_handle.get());
 }
