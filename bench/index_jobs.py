@@ -61,7 +61,7 @@ class Figure(Job):
         self.unit = unit
 
     def shown(self, value):
-        return f"{value:.3g}{self.unit}"
+        return f"{three_digits(value)} {self.unit}"
 
 
 class AtMost:
@@ -80,10 +80,10 @@ class AtLeast:
         return ratio >= self._limit
 
 
-IDLE = "nothing done, while others work", "held by nothing"
+HOLDS = dict.fromkeys(SIZES, 8)
 JOBS = [
-    Figure("clean the texts and find their tags, on one thread", "cleaning", " MB/s", least=150),
-    Figure("the same of 1,000 notes", "cleaning of some", " MB/s", ratio=AtLeast(7),
+    Figure("clean the texts and find their tags, on one thread", "cleaning", "MB/s", least=150),
+    Figure("the same of 1,000 notes", "cleaning of some", "MB/s", ratio=AtLeast(7),
            reference=("ICU with compiled patterns", "cleaning of some reference")),
     Job("build until the maps are full", "build", ratio=AtMost(1.5),
         limits={10_000: 250, 100_000: 2300},
@@ -102,21 +102,22 @@ JOBS = [
     Job("the 50 notes that changed last", "recent notes", ratio=AtMost(1.15),
         limits={10_000: 25, 100_000: 260},
         reference=("list, statx, keep the newest 50", "recent notes reference")),
-    Figure("memory per byte of note text", "memory per byte", " B",
+    Figure("memory per byte of note text", "memory per byte", "B",
            limits={10_000: 2.1, 100_000: 2.1}, reference=("both texts", "both texts per byte")),
-    Figure("longest hold of the main thread: build and store", "held by build and store", " ms",
-           limits=dict.fromkeys(SIZES, 8), reference=IDLE),
-    Figure("the same: build over a full index", "held by rebuild", " ms",
-           limits=dict.fromkeys(SIZES, 8), reference=IDLE),
-    Figure("the same: scan", "held by scan", " ms", limits=dict.fromkeys(SIZES, 8),
-           reference=IDLE),
+    Figure("longest hold of the main thread: build and store", "held by build and store", "ms",
+           limits=HOLDS),
+    Figure("the same: build over a full index", "held by rebuild", "ms", limits=HOLDS),
+    Figure("the same: scan", "held by scan", "ms", limits=HOLDS),
+    Figure("the same: nothing, while others keep the cores busy", "held by nothing", "ms"),
 ]
 
 
+def three_digits(value):
+    return f"{value:,.0f}" if value >= 100 else f"{value:.3g}"
+
+
 def milliseconds(value):
-    if value < 1:
-        return f"{value * 1000:.1f} µs"
-    return f"{value:.2f} ms" if value < 100 else f"{value:,.0f} ms"
+    return f"{three_digits(value)} ms" if value >= 0.1 else f"{three_digits(value * 1000)} µs"
 
 
 def make_vault(size):
