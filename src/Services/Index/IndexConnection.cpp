@@ -22,6 +22,26 @@ QString category()
 
 IndexConnection::IndexConnection(QString file) : m_file(std::move(file)) {}
 
+// Each of the two says first what it is about to do and then looks at the other, so that not both
+// can begin.
+
+bool IndexConnection::beginWaiting()
+{
+    ++m_waitingSearches;
+    if (!m_isInLongWork)
+        return true;
+    --m_waitingSearches;
+    return false;
+}
+
+bool IndexConnection::beginLongWork()
+{
+    m_isInLongWork = true;
+    if (isWantedElsewhere())
+        m_isInLongWork = false;
+    return m_isInLongWork;
+}
+
 void IndexConnection::prepare()
 {
     if (!m_wasOpened) {

@@ -19,10 +19,16 @@ public:
     void stop() { m_isStopped = true; }
     [[nodiscard]] bool isStopped() const { return m_isStopped; }
 
-    /// Any thread. Between the two, long work that can be put off is to make way.
-    void searchWaits() { ++m_waitingSearches; }
-    void searchRuns() { --m_waitingSearches; }
+    /// A search that begins and is going to wait for its turn; it may not, and gives nothing, while
+    /// something longer runs than it should wait for. Any thread.
+    [[nodiscard]] bool beginWaiting();
+    /// It's the turn of one that began.
+    void endWaiting() { --m_waitingSearches; }
     [[nodiscard]] bool isWantedElsewhere() const { return m_isStopped || m_waitingSearches > 0; }
+
+    /// Long work begins, which it may not while a search waits.
+    [[nodiscard]] bool beginLongWork();
+    void endLongWork() { m_isInLongWork = false; }
 
     /// Whether there is a handle, or will be. Any thread.
     [[nodiscard]] bool hasHandle() const { return m_hasHandle; }
@@ -63,6 +69,7 @@ private:
     int m_generation = 0;
     std::atomic<bool> m_hasHandle = true;
     std::atomic<bool> m_isStopped = false;
+    std::atomic<bool> m_isInLongWork = false;
     std::atomic<int> m_waitingSearches = 0;
 };
 

@@ -43,8 +43,10 @@ QCoro::Task<void> saveAll(Connection connection, QThreadPool& executor, NoteMap 
 QCoro::Task<IndexSearchResults> search(Connection connection, QThreadPool& executor,
                                        QString ftsQuery)
 {
+    if (!connection->beginWaiting())
+        co_return IndexSearchResults();
     const auto work = [connection, ftsQuery] {
-        connection->searchRuns();
+        connection->endWaiting();
         IndexSearchResults rows;
         connection->perform([&](Database& database) {
             rows.clear();
@@ -52,7 +54,6 @@ QCoro::Task<IndexSearchResults> search(Connection connection, QThreadPool& execu
         });
         return rows;
     };
-    connection->searchWaits();
     co_return co_await inBackground(executor, work, ahead);
 }
 

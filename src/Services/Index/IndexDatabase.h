@@ -41,7 +41,7 @@ public:
     QCoro::Task<void> removeFileFromDatabase(QByteArray path);
 
     /// The rows that the full-text table finds for a prepared query, best first, 50 at most. None
-    /// as well when it can't be read or the query is no query.
+    /// as well when it can't be read, is just being cleaned up or the query is no query.
     QCoro::Task<IndexSearchResults> searchContent(QString ftsQuery);
     QCoro::Task<void> logSearchHistory(QString query, qsizetype resultCount, double executionTime);
 

@@ -27,7 +27,7 @@ void IndexSave::runSlice(IndexConnection& connection)
     const int result = m_isCompacted ? writeRows(connection) : compactIfNeeded(connection);
     if (isDamage(result) && !connection.mend(result) && m_isCompacted)
         ++m_next;
-    if (m_isCompacted && m_next == m_records.size())
+    if (m_isCompacted && m_next >= rowCount())
         finish(connection);
 }
 
@@ -37,6 +37,7 @@ void IndexSave::start(IndexConnection& connection)
     m_generation = connection.generation();
     m_next = 0;
     m_isCompacted = false;
+    m_restored.clear();
     m_records.clear();
     m_records.reserve(static_cast<std::size_t>(m_notes.size()));
     m_notes.forEach([this](const FileMetadataPtr& record) { m_records.push_back(record.get()); });
@@ -44,11 +45,18 @@ void IndexSave::start(IndexConnection& connection)
 
 int IndexSave::compactIfNeeded(IndexConnection& connection)
 {
-    const DeferredSyncVfs::Hold hold(connection.database().handle());
-    const bool isNeeded = needsCompaction(connection.database());
-    const int result = isNeeded ? compact(connection, m_notes) : SQLITE_OK;
-    // It makes way for a search and tries again then; any other failure it can do without.
-    m_isCompacted = result != SQLITE_INTERRUPT;
+    Database& database = connection.database();
+    if (!needsCompaction(database)) {
+        m_isCompacted = true;
+        return SQLITE_DONE;
+    }
+    // A search goes first: this takes long.
+    if (!connection.beginLongWork())
+        return SQLITE_DONE;
+    const DeferredSyncVfs::Hold hold(database.handle());
+    const int result = dropEntries(database, m_notes, m_restored);
+    connection.endLongWork();
+    m_isCompacted = true;
     return result;
 }
 
@@ -58,8 +66,8 @@ int IndexSave::writeRows(IndexConnection& connection)
     ContentWriter writer(connection.database());
     QElapsedTimer timer;
     timer.start();
-    for (int row = 0; row < rowsPerSlice && m_next < m_records.size(); ++row) {
-        const int result = writer.save(*m_records[m_next]);
+    for (int row = 0; row < rowsPerSlice && m_next < rowCount(); ++row) {
+        const int result = writeNextRow(connection, writer);
         if (isDamage(result))
             return result;
         ++m_next;
@@ -69,11 +77,19 @@ int IndexSave::writeRows(IndexConnection& connection)
     return SQLITE_DONE;
 }
 
+int IndexSave::writeNextRow(IndexConnection& connection, ContentWriter& writer)
+{
+    if (m_next < m_records.size())
+        return writer.save(*m_records[m_next]);
+    return restoreEntry(connection.database(), m_restored[m_next - m_records.size()]);
+}
+
 // To free many records takes long, and is best done here.
 void IndexSave::finish(IndexConnection& connection)
 {
     connection.syncHeldBack();
     m_records = {};
+    m_restored = {};
     m_notes = {};
     m_isFinished = true;
 }

@@ -2,6 +2,7 @@
 
 #include "Services/Index/IndexCompaction.h"
 #include "Services/Index/IndexConnection.h"
+#include "Services/Index/IndexSave.h"
 
 #include <QFileInfo>
 
@@ -18,6 +19,23 @@ protected:
         close();
         open();
         saveAll(records);
+    }
+
+    /// Leaves two entries without a row for each note.
+    void saveThrice(const std::vector<FileMetadata>& records)
+    {
+        for (int start = 0; start < 3; ++start)
+            restartAndSave(records);
+        close();
+    }
+    /// A database with these notes.
+    [[nodiscard]] Database saved(const std::vector<FileMetadata>& records)
+    {
+        restartAndSave(records);
+        close();
+        Database database;
+        database.open(file(), SQLITE_OPEN_READWRITE, nullptr);
+        return database;
     }
 
     [[nodiscard]] int entries() const
@@ -40,7 +58,7 @@ protected:
     }
 };
 
-/// 30 notes, of which a vault has only 20 any more.
+/// The notes, and ten more for a vault to lose.
 std::vector<FileMetadata> withVanished(std::vector<FileMetadata> notes, const FileMetadata& like)
 {
     for (int number = 0; number < 10; ++number) {
@@ -60,7 +78,6 @@ QStringList one(const char* text)
 
 TEST_F(IndexDatabaseCompactionTest, LeftoversGoWhenTheyOutnumberTheLiving)
 {
-    open();
     for (const int expected : {20, 40, 60, 20, 40, 60, 20}) {
         restartAndSave(notes(20));
         EXPECT_EQ(entries(), expected);
@@ -98,58 +115,116 @@ TEST_F(IndexDatabaseCompactionTest, AfterAHundredStartsTheFileIsBelowTwiceItsFir
     EXPECT_EQ(rows("SELECT count(*) FROM content_index"), one("250"));
 }
 
-TEST_F(IndexDatabaseCompactionTest, ItMakesWayForASearchAndLeavesNothingHalfDone)
+TEST_F(IndexDatabaseCompactionTest, NotesToBeSavedAreLeftToTheirSaving)
 {
-    open();
-    saveAll(withVanished(notes(200), note("like", "a text of a gone note")));
+    Database database = saved(notes(20));
+    std::vector<qint64> others;
+    EXPECT_EQ(dropEntries(database, mapOf(notes(15)), others), SQLITE_DONE);
+    EXPECT_EQ(entries(), 0);
+    EXPECT_EQ(others.size(), 5);
+    for (const qint64 row : others)
+        EXPECT_EQ(restoreEntry(database, row), SQLITE_DONE);
+    EXPECT_EQ(entries(), 5);
+    EXPECT_EQ(restoreEntry(database, 4711), SQLITE_DONE);
+    EXPECT_EQ(entries(), 5);
+}
+
+TEST_F(IndexDatabaseCompactionTest, ARowIsFoundByItsRestoredEntryAsBefore)
+{
+    Database database = saved(withVanished(notes(20), note("like", "a text of a gone note")));
     const QStringList before = answers();
-    close();
-    IndexConnection connection(file());
-    connection.prepare();
-    connection.searchWaits();
-    EXPECT_EQ(compact(connection, {}), SQLITE_INTERRUPT);
-    EXPECT_EQ(entries(), 210);
-    connection.searchRuns();
-    EXPECT_EQ(compact(connection, {}), SQLITE_OK);
-    EXPECT_EQ(entries(), 210);
+    std::vector<qint64> others;
+    EXPECT_EQ(dropEntries(database, {}, others), SQLITE_DONE);
+    EXPECT_NE(answers(), before);
+    for (const qint64 row : others)
+        restoreEntry(database, row);
     EXPECT_EQ(answers(), before);
+}
+
+TEST_F(IndexDatabaseCompactionTest, WhatCannotBeDroppedStays)
+{
+    Database database = saved(notes(20));
+    Database other;
+    other.open(file(), SQLITE_OPEN_READWRITE, nullptr);
+    other.execute("BEGIN IMMEDIATE");
+    std::vector<qint64> others;
+    EXPECT_EQ(dropEntries(database, {}, others), SQLITE_BUSY);
+    EXPECT_TRUE(others.empty());
+    other.close();
+    EXPECT_EQ(entries(), 20);
+}
+
+// It takes so long that a search neither waits for it nor is kept waiting by it.
+TEST_F(IndexDatabaseCompactionTest, ASearchAndLongWorkDoNotMeet)
+{
+    IndexConnection connection(file());
+    EXPECT_TRUE(connection.beginWaiting());
+    EXPECT_FALSE(connection.beginLongWork());
+    connection.endWaiting();
+    EXPECT_TRUE(connection.beginLongWork());
+    EXPECT_FALSE(connection.beginWaiting());
+    connection.endLongWork();
+    EXPECT_TRUE(connection.beginWaiting());
+    connection.endWaiting();
+    connection.stop();
+    EXPECT_FALSE(connection.beginLongWork());
+}
+
+TEST_F(IndexDatabaseCompactionTest, ASaveMakesWayForASearchAndCompactsBehindIt)
+{
+    saveThrice(notes(20));
+    IndexConnection connection(file());
+    IndexSave saving(mapOf(notes(20)));
+    ASSERT_TRUE(connection.beginWaiting());
+    for (int slice = 0; slice < 3; ++slice)
+        saving.runSlice(connection);
+    EXPECT_EQ(entries(), 60);
+    connection.endWaiting();
+    saving.runSlice(connection);
+    EXPECT_EQ(entries(), 0);
+    while (!saving.isFinished())
+        saving.runSlice(connection);
+    EXPECT_EQ(entries(), 20);
+    EXPECT_TRUE(connection.beginWaiting());
     connection.close();
 }
 
-TEST_F(IndexDatabaseCompactionTest, NotesToBeSavedAreLeftToTheirSaving)
+TEST_F(IndexDatabaseCompactionTest, AnEndInTheMiddleIsMadeGoodByTheNextSave)
 {
-    open();
-    saveAll(notes(20));
-    close();
+    const std::vector<FileMetadata> records = notes(200);
+    saveThrice(records);
+    const QStringList before = answers();
     IndexConnection connection(file());
-    connection.prepare();
-    EXPECT_EQ(compact(connection, mapOf(notes(15))), SQLITE_OK);
-    EXPECT_EQ(entries(), 5);
+    IndexSave saving(mapOf(records));
+    for (int slice = 0; slice < 5; ++slice)
+        saving.runSlice(connection);
     connection.close();
+    EXPECT_LT(entries(), 200);
+    EXPECT_EQ(rows("PRAGMA integrity_check"), one("ok"));
+    restartAndSave(records);
+    EXPECT_EQ(answers(), before);
 }
 
 using IndexDatabaseCompactionDeathTest = IndexDatabaseCompactionTest;
 
 TEST_F(IndexDatabaseCompactionDeathTest, ACrashInTheMiddleLeavesTheFileAsItWas)
 {
-    open();
-    saveAll(withVanished(notes(200), note("like", "a text of a gone note")));
+    Database database = saved(notes(200));
     const QStringList before = answers();
-    close();
-    const auto crash = [this] {
-        IndexConnection connection(file());
-        connection.prepare();
+    const auto crash = [&] {
         // Little room in memory, so that what is undone stands in the file already.
-        connection.database().execute("PRAGMA cache_size = 10");
+        database.execute("PRAGMA cache_size = 10");
         const auto die = [](void*) -> int { std::_Exit(7); };
-        sqlite3_commit_hook(connection.database().handle(), die, nullptr);
-        static_cast<void>(compact(connection, {}));
+        sqlite3_commit_hook(database.handle(), die, nullptr);
+        std::vector<qint64> others;
+        dropEntries(database, {}, others);
     };
     EXPECT_EXIT(crash(), testing::ExitedWithCode(7), "");
     EXPECT_TRUE(QFileInfo::exists(file() + QStringLiteral("-journal")));
+    database.close();
     open();
     EXPECT_EQ(answers(), before);
-    EXPECT_EQ(entries(), 210);
+    EXPECT_EQ(entries(), 200);
     EXPECT_EQ(rows("PRAGMA integrity_check"), one("ok"));
     EXPECT_EQ(m_log.errors(), QStringList());
 }
