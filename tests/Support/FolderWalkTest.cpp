@@ -7,6 +7,11 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <set>
+#include <thread>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -147,6 +152,66 @@ TEST_F(FolderWalk, TellsTheStatusOfAnEntryItself)
         EXPECT_EQ(*status, *expected) << entry.path().constData();
     };
     ASSERT_TRUE(walkFolder(m_folder.path(), visit));
+}
+
+TEST_F(FolderWalk, SeveralThreadsShareTheFolders)
+{
+    QStringList expected;
+    for (int each = 0; each < 60; ++each) {
+        const QString folder = u"%1/%2"_qs.arg(each % 7).arg(each);
+        makeFolder(folder);
+        makeFile(folder + u"/x.md"_qs);
+        expected += {folder + u'/', folder + u"/x.md"_qs};
+    }
+    for (int each = 0; each < 7; ++each)
+        expected.append(u"%1/"_qs.arg(each));
+    expected.sort();
+    for (size_t threads = 1; threads <= 5; ++threads) {
+        std::vector<QStringList> parts(threads);
+        std::vector<FolderVisit> visits;
+        for (QStringList& part : parts) {
+            visits.emplace_back([&](const FolderEntry& entry) {
+                part.append(QString::fromUtf8(entry.path()).mid(m_folder.path().size() + 1) +
+                            (entry.isFolder() ? u"/"_qs : QString()));
+            });
+        }
+        ASSERT_TRUE(walkFolder(m_folder.path(), visits));
+        QStringList found;
+        for (const QStringList& part : parts)
+            found += part;
+        found.sort();
+        EXPECT_EQ(found, expected) << threads << " threads";
+    }
+}
+
+// Each thread stays in its first folder until the others have one too.
+TEST_F(FolderWalk, SeveralThreadsWorkAtTheSameTime)
+{
+    constexpr int threads = 3;
+    for (int each = 0; each < threads; ++each) {
+        makeFolder(u"%1"_qs.arg(each));
+        makeFile(u"%1/x"_qs.arg(each));
+    }
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::set<std::thread::id> seen;
+    const FolderVisit visit = [&](const FolderEntry& entry) {
+        if (entry.isFolder())
+            return;
+        std::unique_lock lock(mutex);
+        seen.insert(std::this_thread::get_id());
+        changed.notify_all();
+        changed.wait_for(lock, std::chrono::seconds(30), [&] { return seen.size() == threads; });
+    };
+    ASSERT_TRUE(walkFolder(m_folder.path(), std::vector<FolderVisit>(threads, visit)));
+    EXPECT_EQ(seen.size(), size_t(threads));
+    EXPECT_TRUE(seen.contains(std::this_thread::get_id()));
+}
+
+TEST_F(FolderWalk, SeveralThreadsFailTogether)
+{
+    const std::vector<FolderVisit> visits(3, [](const FolderEntry&) { FAIL(); });
+    EXPECT_EQ(walkFolder(m_folder.filePath(u"none"_qs), visits).error().code, ENOENT);
 }
 
 TEST_F(FolderWalk, KnowsNotesByTheirExtension)
