@@ -5,11 +5,14 @@
 
 #include <QSet>
 
+#include <array>
+
 namespace jotwell {
 
 namespace {
 
 using Status = Result<FileStatus, SystemError>;
+using Listed = std::vector<const FileMetadata*>;
 
 /// Whether a file that seems to be unchanged is read all the same.
 enum class Read { whatMayHaveChanged, always };
@@ -55,6 +58,7 @@ std::optional<NoteChange::Kind> compare(const QByteArray& path, const FileMetada
                                                : std::nullopt;
 }
 
+/// One thread's part in the comparison of a vault.
 class Comparison {
 public:
     Comparison(const NoteMap& notes, bool checkContent, FileReadings& readings, quint64 slice)
@@ -64,49 +68,55 @@ public:
 
     void add(const FolderEntry& entry)
     {
-        const FileMetadata* record = m_notes.find(entry.path());
+        const Status status = entry.status();
+        const QByteArray& path = entry.path();
+        const FileMetadata* record = m_notes.find(path);
         if (record == nullptr) {
-            addChange(entry.path(), NoteChange::Kind::isNew);
+            addChange(path, NoteChange::Kind::isNew);
             return;
         }
         m_listed.push_back(record);
-        const auto read =
-            isInSlice(record->path, m_slice) ? Read::always : Read::whatMayHaveChanged;
-        if (const auto kind =
-                compare(record->path, *record, entry.status(), m_checkContent, m_readings, read))
-            addChange(record->path, *kind);
+        const auto read = isInSlice(path, m_slice) ? Read::always : Read::whatMayHaveChanged;
+        if (const auto kind = compare(path, *record, status, m_checkContent, m_readings, read))
+            addChange(path, *kind);
     }
 
-    [[nodiscard]] ScanFindings takeFindings()
-    {
-        findMissing();
-        return std::move(m_findings);
-    }
+    [[nodiscard]] const std::vector<NoteChange>& changes() const { return m_changes; }
+    /// The records of the files that were listed.
+    [[nodiscard]] const Listed& listed() const { return m_listed; }
 
 private:
     void addChange(const QByteArray& path, NoteChange::Kind kind)
     {
-        m_findings.changes.push_back({QByteArray(path.constData(), path.size()), kind});
+        m_changes.push_back({QByteArray(path.constData(), path.size()), kind});
     }
 
-    void findMissing()
-    {
-        if (static_cast<qsizetype>(m_listed.size()) == m_notes.size())
-            return;
-        const QSet<const FileMetadata*> listed(m_listed.begin(), m_listed.end());
-        m_notes.forEach([&](const FileMetadataPtr& record) {
-            if (!listed.contains(record.get()))
-                m_findings.missing.push_back(record->path);
-        });
-    }
-
-    const NoteMap& m_notes;
+    NoteMap m_notes;
     bool m_checkContent;
     FileReadings& m_readings;
     quint64 m_slice;
-    std::vector<const FileMetadata*> m_listed; ///< the records of the files that were listed
-    ScanFindings m_findings;
+    std::vector<NoteChange> m_changes;
+    Listed m_listed;
 };
+
+template <typename T>
+void append(std::vector<T>& all, const std::vector<T>& more)
+{
+    all.insert(all.end(), more.begin(), more.end());
+}
+
+std::vector<QByteArray> missingFrom(const Listed& listed, const NoteMap& notes)
+{
+    std::vector<QByteArray> missing;
+    if (static_cast<qsizetype>(listed.size()) == notes.size())
+        return missing;
+    const QSet<const FileMetadata*> found(listed.begin(), listed.end());
+    notes.forEach([&](const FileMetadataPtr& record) {
+        if (!found.contains(record.get()))
+            missing.push_back(record->path);
+    });
+    return missing;
+}
 
 } // namespace
 
@@ -123,14 +133,26 @@ std::optional<ScanFindings> compareVault(const QString& vaultPath, bool checkCon
                                          const NoteMap& notes, FileReadings& readings,
                                          quint64 slice)
 {
-    Comparison comparison(notes, checkContent, readings, slice);
-    const auto visit = [&comparison](const FolderEntry& entry) {
-        if (entry.isNote())
-            comparison.add(entry);
-    };
-    if (!walkFolder(vaultPath, visit))
+    // To look a note up takes about as long as to list it.
+    const Comparison part(notes, checkContent, readings, slice);
+    std::array parts{part, part};
+    std::vector<FolderVisit> visits;
+    for (Comparison& each : parts) {
+        visits.emplace_back([&each](const FolderEntry& entry) {
+            if (entry.isNote())
+                each.add(entry);
+        });
+    }
+    if (!walkFolder(vaultPath, visits))
         return std::nullopt;
-    return comparison.takeFindings();
+    ScanFindings findings;
+    Listed listed;
+    for (const Comparison& each : parts) {
+        append(findings.changes, each.changes());
+        append(listed, each.listed());
+    }
+    findings.missing = missingFrom(listed, notes);
+    return findings;
 }
 
 } // namespace jotwell

@@ -8,8 +8,6 @@
 #include <optional>
 #include <vector>
 
-class QThreadPool;
-
 namespace jotwell {
 
 /// A note whose file isn't what its record says.
@@ -23,7 +21,7 @@ struct NoteChange {
 };
 
 struct ScanFindings {
-    std::vector<NoteChange> changes; ///< in the order of the listing
+    std::vector<NoteChange> changes; ///< those of a folder in the order of its listing
     std::vector<QByteArray> missing; ///< notes of the map that weren't listed
 };
 
@@ -32,9 +30,9 @@ struct ScanFindings {
 changeOf(const QByteArray& path, const Result<FileStatus, SystemError>& status,
          const FileMetadata* record, bool checkContent, FileReadings& readings);
 
-/// Compares the files of a vault with the records of its notes. `slice` numbers the scans: each
-/// reads another share of the notes again, whatever their status says. Nothing if the vault can't
-/// be listed. Blocking, for a thread of the background.
+/// Compares the files of a vault with the records of its notes, on this thread and on one more.
+/// `slice` numbers the scans: each reads another share of the notes again, whatever their status
+/// says. Nothing if the vault can't be listed. Blocking, for a thread of the background.
 [[nodiscard]] std::optional<ScanFindings> compareVault(const QString& vaultPath, bool checkContent,
                                                        const NoteMap& notes, FileReadings& readings,
                                                        quint64 slice);
