@@ -90,6 +90,36 @@ TEST_P(ParameterIn, IsTheFolderName)
 INSTANTIATE_TEST_SUITE_P(Rows, ParameterIn, testing::ValuesIn(nameRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
+struct QueryRow {
+    const char* name;
+    QString text;
+    QString query;
+};
+
+class QueryIn : public testing::TestWithParam<QueryRow> {};
+
+const QueryRow queryRows[] = {
+    {"NoneInEmptyText", QString(), QString()},
+    {"NoneBesideTheCommand", u"/search_notes"_qs, QString()},
+    {"NoneBesideBlanksAndLineEnds", u" \t\n/search_notes\u00a0\r\n\u2028"_qs, QString()},
+    {"BlanksAroundItGo", u"/search_notes \t two words\n"_qs, u"two words"_qs},
+    {"CommandMayStandBehindIt", u"milk /search_notes"_qs, u"milk"_qs},
+    {"CommandMayStandWithinAWord", u"mi/search_noteslk"_qs, u"milk"_qs},
+    {"EveryCommandGoes", u"/search_notes cats /search_notes dogs"_qs, u"cats  dogs"_qs},
+    {"WhatClosesUpToACommandStays", u"/search/search_notes_notes"_qs, u"/search_notes"_qs},
+    {"OtherCommandsStay", u"/search_notes /recent $Inbox"_qs, u"/recent $Inbox"_qs},
+    {"CaseMatters", u"/Search_notes milk"_qs, u"/Search_notes milk"_qs},
+    {"WholeTextWithoutACommand", u"milk"_qs, u"milk"_qs},
+};
+
+TEST_P(QueryIn, IsWhatIsLeftOfTheText)
+{
+    EXPECT_EQ(searchQueryIn(GetParam().text), GetParam().query);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, QueryIn, testing::ValuesIn(queryRows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
 TEST(CommandText, NameOfTenMegabytesIsFoundWhole)
 {
     const QString name(10'000'000, u'x');
