@@ -131,8 +131,12 @@ class Scenario:
     def _filled(self, value):
         """Places, repetitions and names that were noted down, put into what is sent or expected."""
         if isinstance(value, str):
+            name = _NAMED.fullmatch(value)
+            if name and name.group(2) in self._names:
+                return self._names[name.group(2)]  # of any kind
             value = value.replace("$HOME", self._home)
-            return _NAMED.sub(lambda name: self._names.get(name.group(2), name.group()), value)
+            return _NAMED.sub(lambda name: str(self._names.get(name.group(2), name.group())),
+                              value)
         if isinstance(value, list):
             return [self._filled(each) for each in value]
         if isinstance(value, dict):
