@@ -219,7 +219,8 @@ class Desktop:
         for name in dict.fromkeys(process.name for process in self._processes):
             process = next(each for each in self._processes if each.name == name)
             print(f"--- {name}\n{process.output()}", file=sys.stderr)
-        print("--- vault", *self.notes(), sep="\n", file=sys.stderr)
+        notes = self.notes()
+        print(f"--- vault: {len(notes)} entries", *notes[:50], sep="\n", file=sys.stderr)
         if "DISPLAY" in self.environment and "JOTWELL_ARTIFACTS" in os.environ:
             picture = Path(os.environ["JOTWELL_ARTIFACTS"]) / f"{Path(sys.argv[0]).stem}.png"
             self.screenshot(picture)

@@ -14,6 +14,7 @@ from processes import wait_until
 from searching import (LONGEST_HANG, SearchTest, SearchWindow, is_sound, stored_notes, write_notes)
 
 IDLE_TIME = 11  # seconds: two scans, or three
+HUGE_PATIENCE = 150  # seconds that the huge note may take to be stored
 WATCH = "anon_inode:inotify"
 
 
@@ -40,7 +41,8 @@ class HostileVault(SearchTest):
                 self.assertTrue(is_sound(desktop))
 
     def check_keys(self, window, until):
-        slowest, keys = window.slowest_key(lambda: any(until in line for line in window.log()))
+        slowest, keys = window.slowest_key(
+            lambda: any(until in line for line in window.log()), f"«{until}»", HUGE_PATIENCE)
         print(f"{keys} keys typed meanwhile, the slowest took {slowest * 1000:.0f} ms")
         self.assertLess(slowest, LONGEST_HANG)
 
@@ -50,7 +52,7 @@ class HostileVault(SearchTest):
             window.wait_for_index()
             with hostile_vault.restless_notes(vault) as names:
                 end = time.monotonic() + 12
-                slowest, _ = window.slowest_key(lambda: time.monotonic() > end)
+                slowest, _ = window.slowest_key(lambda: time.monotonic() > end, "its end")
                 self.assertLess(slowest, LONGEST_HANG)
                 self.assertTrue(window.finds("numeral7 words"))
             expected = names | {f"note {number}.md" for number in range(20)}

@@ -52,11 +52,14 @@ class SearchWindow:
         self.desktop.press("ctrl+a", "Delete")
         wait_until(lambda: not self._holds(query), "an empty editor")
 
-    def slowest_key(self, is_over):
+    def slowest_key(self, is_over, what, patience=PATIENCE):
         """Types until `is_over`, and gives the longest time that a key took to show, and how many
         there were."""
         delays = []
+        deadline = time.monotonic() + patience
         while not is_over():
+            if time.monotonic() > deadline:
+                raise AssertionError(f"{what}: not within {patience} s")
             typed = "x" * (len(delays) + 1)
             start = time.monotonic()
             self.desktop.press("x")
