@@ -19,11 +19,16 @@ bool isOfTag(char byte)
            byte == '_' || byte == '-';
 }
 
+char lowerCase(char byte)
+{
+    return isUpper(byte) ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
 QString lowerCased(const char* begin, const char* end)
 {
     QString tag(end - begin, Qt::Uninitialized);
     std::transform(begin, end, tag.begin(),
-                   [](char byte) { return QChar::fromLatin1(isUpper(byte) ? byte + 0x20 : byte); });
+                   [](char byte) { return QChar::fromLatin1(lowerCase(byte)); });
     return tag;
 }
 
