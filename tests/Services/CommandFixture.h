@@ -9,6 +9,13 @@ namespace jotwell {
 
 /// The command service over a fresh vault, with a listener that notes down what it is handed.
 class CommandServiceTest : public testing::Test, protected NoteServices {
+public:
+    ~CommandServiceTest() override
+    {
+        edge.bulk.waitForDone();
+        edge.database.waitForDone();
+    }
+
 protected:
     CommandServiceTest()
     {
@@ -18,12 +25,6 @@ protected:
         });
         QObject::connect(&toasts, &ToastManager::shown, &toasts,
                          [this](const Toast& toast) { events.append(toast.message); });
-    }
-
-    ~CommandServiceTest() override
-    {
-        edge.bulk.waitForDone();
-        edge.database.waitForDone();
     }
 
     bool execute(Command command, const QString& text)
