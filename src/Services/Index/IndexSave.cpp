@@ -22,7 +22,7 @@ void IndexSave::runSlice(IndexConnection& connection)
     if (connection.isStopped())
         return;
     connection.prepare();
-    if (m_generation != connection.generation() && !m_hasStartedOver)
+    if (m_generation != connection.generation())
         start(connection);
     const int result = m_isCompacted ? writeRows(connection) : compactIfNeeded(connection);
     if (isDamage(result) && !connection.mend(result) && m_isCompacted)
@@ -33,7 +33,6 @@ void IndexSave::runSlice(IndexConnection& connection)
 
 void IndexSave::start(IndexConnection& connection)
 {
-    m_hasStartedOver = m_generation.has_value();
     m_generation = connection.generation();
     m_next = 0;
     m_isCompacted = false;

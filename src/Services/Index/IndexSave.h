@@ -14,7 +14,7 @@ class ContentWriter;
 class IndexConnection;
 
 /// The saving of all notes of an index, a few at a time, so that others get at the database in
-/// between. If the file turns out damaged, it starts over once on the new one. On the database's
+/// between. When a damaged file has been replaced, it starts over on the new one. On the database's
 /// thread.
 class IndexSave {
 public:
@@ -38,7 +38,6 @@ private:
     std::vector<qint64> m_restored;             ///< rows that only need an entry, behind them
     std::size_t m_next = 0;                     ///< of both
     std::optional<int> m_generation;            ///< of the file that it writes to
-    bool m_hasStartedOver = false;
     bool m_isCompacted = false;
     bool m_isFinished = false;
 };

@@ -69,6 +69,22 @@ std::vector<FileMetadata> withVanished(std::vector<FileMetadata> notes, const Fi
     return notes;
 }
 
+/// Notes of some 2 KB of a few thousand different words.
+std::vector<FileMetadata> longNotes(int count)
+{
+    std::vector<FileMetadata> notes;
+    for (int number = 0; number < count; ++number) {
+        FileMetadata record;
+        record.path = "/vault/Long " + QByteArray::number(number) + ".md";
+        for (int word = 0; word < 250; ++word)
+            record.fullContent +=
+                "word" + QByteArray::number((number * 37 + word * 101) % 5000) + ' ';
+        record.cleanedContent = record.fullContent;
+        notes.push_back(record);
+    }
+    return notes;
+}
+
 QStringList one(const char* text)
 {
     return {QString::fromUtf8(text)};
@@ -104,7 +120,7 @@ TEST_F(IndexDatabaseCompactionTest, TheSameIsFoundAsBefore)
 
 TEST_F(IndexDatabaseCompactionTest, AfterAHundredStartsTheFileIsBelowTwiceItsFirstSize)
 {
-    const std::vector<FileMetadata> records = notes(250);
+    const std::vector<FileMetadata> records = longNotes(40);
     open();
     saveAll(records);
     const qint64 first = QFileInfo(file()).size();
@@ -112,7 +128,7 @@ TEST_F(IndexDatabaseCompactionTest, AfterAHundredStartsTheFileIsBelowTwiceItsFir
         restartAndSave(records);
         ASSERT_LT(QFileInfo(file()).size(), 2 * first) << restart;
     }
-    EXPECT_EQ(rows("SELECT count(*) FROM content_index"), one("250"));
+    EXPECT_EQ(rows("SELECT count(*) FROM content_index"), one("40"));
 }
 
 TEST_F(IndexDatabaseCompactionTest, NotesToBeSavedAreLeftToTheirSaving)
@@ -168,6 +184,15 @@ TEST_F(IndexDatabaseCompactionTest, ASearchAndLongWorkDoNotMeet)
     connection.endWaiting();
     connection.stop();
     EXPECT_FALSE(connection.beginLongWork());
+}
+
+TEST_F(IndexDatabaseCompactionTest, ASearchThatHasEndedHoldsNothingUp)
+{
+    saveThrice(notes(20));
+    open();
+    search(QStringLiteral("text"));
+    saveAll(notes(20));
+    EXPECT_EQ(entries(), 20);
 }
 
 TEST_F(IndexDatabaseCompactionTest, ASaveMakesWayForASearchAndCompactsBehindIt)

@@ -110,37 +110,33 @@ TEST_F(IndexDatabaseDamageTest, AnEmptyFileIsADatabase)
 
 TEST_F(IndexDatabaseDamageTest, AFileCutAnywhereIsMended)
 {
-    const QByteArray whole = savedFile(40);
-    ASSERT_GT(whole.size(), 20 * pageSize);
+    const QByteArray whole = savedFile(10);
+    ASSERT_GT(whole.size(), 15 * pageSize);
     QList<qint64> lengths{1, 15, 16, 99, 100, 511, 512, whole.size() - 1};
     for (qint64 page = 1; page * pageSize < whole.size(); ++page)
         lengths << page * pageSize << page * pageSize + 100;
     for (const qint64 length : lengths) {
         m_folder.put(m_name, whole.left(length));
         open();
-        saveAll(notes(40));
+        saveAll(notes(10));
         close();
-        EXPECT_EQ(rows(count), one("40")) << length;
+        EXPECT_EQ(rows(count), one("10")) << length;
         EXPECT_EQ(rows("PRAGMA integrity_check"), one("ok")) << length;
     }
 }
 
 TEST_F(IndexDatabaseDamageTest, AFileWithABadPageTakesEveryNote)
 {
-    const QByteArray whole = savedFile(40);
+    const QByteArray whole = savedFile(10);
     for (qint64 page = 0; page * pageSize < whole.size(); ++page) {
         m_folder.put(m_name, whole);
         overwrite(page * pageSize, pageSize);
         open();
-        saveAll(notes(40));
-        for (int number = 0; number < 40; ++number) {
-            const QByteArray query =
-                "SELECT content FROM content_index WHERE path = '/vault/Note " +
-                QByteArray::number(number) + ".md'";
-            EXPECT_EQ(rows(query.constData()),
-                      QStringList{QStringLiteral("The text of note %1").arg(number)})
-                << "page " << page;
-        }
+        saveAll(notes(10));
+        EXPECT_EQ(rows("SELECT count(*) FROM content_index "
+                       "WHERE content = 'The text of note ' || substr(title, 6)"),
+                  one("10"))
+            << page;
         close();
     }
 }

@@ -114,6 +114,22 @@ TEST_F(IndexDatabaseLifetimeTest, WhatWaitsAtTheEndIsDropped)
                                     QStringLiteral("search")}));
 }
 
+TEST_F(IndexDatabaseLifetimeTest, RowsThatWaitAtTheEndAreDropped)
+{
+    open();
+    watch(m_database->saveIndexToDatabase(mapOf(notes(5))), QStringLiteral("all"));
+    m_executor.waitForDone();
+    ASSERT_EQ(rowCount(), 0) << "they come in the second slice";
+    {
+        const Congestion congestion(m_executor);
+        QCoreApplication::processEvents();
+        m_database.reset();
+    }
+    settle();
+    EXPECT_EQ(rowCount(), 0);
+    EXPECT_EQ(m_ended, QStringList{QStringLiteral("all")});
+}
+
 TEST_F(IndexDatabaseLifetimeTest, OneThatEndsBeforeItOpenedMakesNothing)
 {
     {
@@ -175,6 +191,8 @@ TEST_F(IndexDatabaseLifetimeTest, OthersGetInBetweenTheRowsOfASaveOfAll)
     finished(m_database->searchContent(QStringLiteral("a")));
     save(note("Other"));
     EXPECT_EQ(m_ended, QStringList());
+    // A look from outside would lock it out.
+    m_executor.waitForDone();
     EXPECT_EQ(rows("SELECT count(*) FROM content_index WHERE title = 'Other'"),
               QStringList{QStringLiteral("1")});
     while (m_ended.isEmpty())

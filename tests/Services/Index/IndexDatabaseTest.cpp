@@ -48,62 +48,6 @@ TEST_F(IndexDatabaseTest, FirstStartCreatesTheFolderTheFileAndAllTables)
     EXPECT_EQ(m_log.errors(), QStringList{});
 }
 
-// SQLite keeps the text of each statement from its CREATE on, without "IF NOT EXISTS".
-TEST_F(IndexDatabaseTest, TheTablesAreMadeByTheseTexts)
-{
-    open();
-    const auto sqlOf = [this](const char* name) {
-        return rows(
-            (QByteArray("SELECT sql FROM sqlite_schema WHERE name = '") + name + "'").constData());
-    };
-    EXPECT_EQ(sqlOf("files"),
-              QStringList{QStringLiteral("CREATE TABLE files (\n"
-                                         "        id INTEGER PRIMARY KEY AUTOINCREMENT,\n"
-                                         "        path TEXT UNIQUE NOT NULL,\n"
-                                         "        title TEXT NOT NULL,\n"
-                                         "        modification_date INTEGER NOT NULL,\n"
-                                         "        file_size INTEGER NOT NULL,\n"
-                                         "        indexed_date INTEGER NOT NULL\n"
-                                         "    )")});
-    EXPECT_EQ(sqlOf("file_tags"),
-              QStringList{QStringLiteral(
-                  "CREATE TABLE file_tags (\n"
-                  "        file_id INTEGER NOT NULL,\n"
-                  "        tag_id INTEGER NOT NULL,\n"
-                  "        source TEXT NOT NULL CHECK(source IN ('frontmatter', 'content')),\n"
-                  "        PRIMARY KEY (file_id, tag_id, source),\n"
-                  "        FOREIGN KEY (file_id) REFERENCES files(id) ON DELETE CASCADE,\n"
-                  "        FOREIGN KEY (tag_id) REFERENCES tags(id) ON DELETE CASCADE\n"
-                  "    )")});
-    EXPECT_EQ(sqlOf("content_fts"),
-              QStringList{QStringLiteral("CREATE VIRTUAL TABLE content_fts USING fts5(\n"
-                                         "        path UNINDEXED,\n"
-                                         "        title,\n"
-                                         "        content,\n"
-                                         "        tags,\n"
-                                         "        tokenize = 'porter unicode61',\n"
-                                         "        content='content_index',\n"
-                                         "        content_rowid='id'\n"
-                                         "    )")});
-    EXPECT_EQ(sqlOf("content_fts_insert"),
-              QStringList{QStringLiteral(
-                  "CREATE TRIGGER content_fts_insert \n"
-                  "    AFTER INSERT ON content_index BEGIN\n"
-                  "        INSERT INTO content_fts(rowid, path, title, content, tags) \n"
-                  "        VALUES (new.id, new.path, new.title, new.content_cleaned, "
-                  "new.tags_json);\n"
-                  "    END")});
-    EXPECT_EQ(sqlOf("content_fts_update"),
-              QStringList{
-                  QStringLiteral("CREATE TRIGGER content_fts_update \n"
-                                 "    AFTER UPDATE ON content_index BEGIN\n"
-                                 "        UPDATE content_fts \n"
-                                 "        SET path = new.path, title = new.title, \n"
-                                 "            content = new.content_cleaned, tags = new.tags_json\n"
-                                 "        WHERE rowid = new.id;\n"
-                                 "    END")});
-}
-
 TEST_F(IndexDatabaseTest, NoPragmaIsSet)
 {
     open();
