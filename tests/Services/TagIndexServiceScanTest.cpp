@@ -164,6 +164,17 @@ TEST_F(TagIndexServiceScanTest, AnUpdateEndsReadyAlsoDuringABuild)
     EXPECT_THAT(notes(), ElementsAre(u"a.md"_qs, u"b.md"_qs));
 }
 
+TEST_F(TagIndexServiceScanTest, PassesOverWhatWasTakenInSinceItBegan)
+{
+    edge.bulk.setMaxThreadCount(1); // reads the note, then compares
+    put(u"c.md"_qs, "three");
+    QCoro::Task<void> updating = index->updateFile(vault.pathOf(u"c.md"_qs));
+    scan();
+    finished(std::move(updating));
+    EXPECT_THAT(notes(), Contains(u"c.md"_qs));
+    EXPECT_THAT(log.infos(), IsEmpty());
+}
+
 TEST_F(TagIndexServiceScanTest, AnUpdateOfWhatCantBeReadPublishesNothing)
 {
     finished(index->updateFile(vault.pathOf(u"none.md"_qs)));
