@@ -17,7 +17,7 @@ using Run = std::vector<MaskedByte>;
 // The same by length: those of one length are looked for at once.
 using Runs = std::vector<Run>;
 
-// A term behind which nothing is left to choose.
+// How much of a long term is looked at for its rarest part, and how many runs may stand for it.
 constexpr std::size_t longestChoice = 32;
 constexpr std::size_t mostFilters = 4;
 // What a filter's way through a text costs, in hits of another one in a million places.

@@ -1,5 +1,7 @@
 #include "Services/Index/IndexSearchFixture.h"
 
+#include <algorithm>
+
 namespace jotwell {
 
 namespace {
@@ -48,6 +50,24 @@ TEST_F(SearchNotes, TheNewestFiftyComeFirst)
     EXPECT_EQ(answer.metrics.filesScanned, 60);
     EXPECT_EQ(answer.metrics.resultCount, 50);
     EXPECT_FALSE(answer.metrics.cacheHit);
+}
+
+TEST_F(SearchNotes, EquallyNewOnesStandByTheirPaths)
+{
+    for (int number = 99; number >= 40; --number)
+        put("Note " + QByteArray::number(number) + ".md");
+    const QStringList names = namesFor(u"note"_qs);
+    ASSERT_EQ(names.size(), 50);
+    EXPECT_EQ(names.front(), u"Note 40"_qs);
+    EXPECT_EQ(names.back(), u"Note 89"_qs);
+    EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
+}
+
+TEST_F(SearchNotes, TheQueryItselfIsTakenApartAndNotItsKey)
+{
+    put("Foo.md");
+    EXPECT_EQ(namesFor(u"\nfoo"_qs), QStringList());
+    EXPECT_EQ(search().cache().keys(), QStringList({u"foo"_qs}));
 }
 
 TEST_F(SearchNotes, TheResultDoesNotDependOnTheThreads)
