@@ -20,11 +20,11 @@ bool hasMoreNotes(const TagCount& left, const TagCount& right)
 
 void NoteIndex::add(FileMetadataPtr record)
 {
-    if (const FileMetadata* old = m_notes.find(record->path))
+    const FileMetadata& added = *record;
+    if (const FileMetadataPtr old = m_notes.insert(std::move(record)))
         forgetTags(*old);
-    for (const QString& tag : record->allTags())
-        m_tagToFiles[tag].insert(record.get());
-    m_notes.insert(std::move(record));
+    for (const QString& tag : added.allTags())
+        m_tagToFiles[tag].insert(&added);
 }
 
 void NoteIndex::remove(const QByteArray& path)

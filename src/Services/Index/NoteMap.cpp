@@ -1,5 +1,7 @@
 #include "Services/Index/NoteMap.h"
 
+#include <utility>
+
 namespace jotwell {
 
 namespace {
@@ -19,15 +21,13 @@ const FileMetadata* NoteMap::find(const QByteArray& path) const
     return found == shard.constEnd() ? nullptr : found->get();
 }
 
-void NoteMap::insert(FileMetadataPtr record)
+FileMetadataPtr NoteMap::insert(FileMetadataPtr record)
 {
     Shard& shard = m_shards[shardOf(record->path)];
     const qsizetype before = shard.size();
-    // The record's own path as the key, so that the two share their bytes.
-    shard.remove(record->path);
-    const QByteArray& path = record->path;
-    shard.insert(path, std::move(record));
+    FileMetadataPtr& place = shard[record->path]; // the key shares the record's bytes
     m_size += shard.size() - before;
+    return std::exchange(place, std::move(record));
 }
 
 bool NoteMap::remove(const QByteArray& path)

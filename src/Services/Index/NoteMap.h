@@ -19,7 +19,8 @@ public:
 
     /// Nothing if there is no such note. The record lives as long as this copy of the map has it.
     [[nodiscard]] const FileMetadata* find(const QByteArray& path) const;
-    void insert(FileMetadataPtr record);
+    /// Gives back the record of the same path whose place it takes, if there was one.
+    FileMetadataPtr insert(FileMetadataPtr record);
     bool remove(const QByteArray& path);
 
     [[nodiscard]] qsizetype size() const { return m_size; }

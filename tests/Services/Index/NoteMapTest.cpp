@@ -54,8 +54,10 @@ TEST(NoteMapTest, ARecordTakesThePlaceOfOneOfItsPath)
 {
     NoteMap map = mapOf(3);
     const FileMetadataPtr fresh = recordOf(pathOf(1), {u"new"_qs});
-    map.insert(fresh);
-    EXPECT_EQ(map.size(), 3);
+    const FileMetadata* old = map.find(pathOf(1));
+    EXPECT_EQ(map.insert(fresh).get(), old);
+    EXPECT_EQ(map.insert(recordOf(pathOf(3))), nullptr);
+    EXPECT_EQ(map.size(), 4);
     EXPECT_EQ(map.find(pathOf(1)), fresh.get());
 }
 
