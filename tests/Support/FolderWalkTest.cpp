@@ -196,8 +196,11 @@ TEST_F(FolderWalk, SeveralThreadsWorkAtTheSameTime)
     std::condition_variable changed;
     std::set<std::thread::id> seen;
     const FolderVisit visit = [&](const FolderEntry& entry) {
-        if (entry.isFolder())
+        if (entry.isFolder()) {
+            // By now the others wait for the first folder.
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
             return;
+        }
         std::unique_lock lock(mutex);
         seen.insert(std::this_thread::get_id());
         changed.notify_all();

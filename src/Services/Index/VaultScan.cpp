@@ -137,6 +137,7 @@ std::optional<ScanFindings> compareVault(const QString& vaultPath, bool checkCon
     const Comparison part(notes, checkContent, readings, slice);
     std::array parts{part, part};
     std::vector<FolderVisit> visits;
+    visits.reserve(parts.size());
     for (Comparison& each : parts) {
         visits.emplace_back([&each](const FolderEntry& entry) {
             if (entry.isNote())
