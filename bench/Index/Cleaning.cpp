@@ -5,7 +5,7 @@
 
 #include "Services/ContentProcessor.h"
 #include "Services/ContentReference.h"
-#include "Services/Index/NoteTags.h"
+#include "Services/Index/Content/NoteTags.h"
 
 #include <QStringList>
 

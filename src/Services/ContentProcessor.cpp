@@ -1,12 +1,12 @@
 #include "Services/ContentProcessor.h"
 
-#include "Services/Index/Fences.h"
-#include "Services/Index/LinePasses.h"
-#include "Services/Index/LinkPasses.h"
-#include "Services/Index/MarkPasses.h"
-#include "Services/Index/NextByte.h"
-#include "Services/Index/TagMarks.h"
-#include "Services/Index/Utf8Classes.h"
+#include "Services/Index/Content/Fences.h"
+#include "Services/Index/Content/LinePasses.h"
+#include "Services/Index/Content/LinkPasses.h"
+#include "Services/Index/Content/MarkPasses.h"
+#include "Services/Index/Content/NextByte.h"
+#include "Services/Index/Content/TagMarks.h"
+#include "Services/Index/Content/Utf8Classes.h"
 
 #include <algorithm>
 

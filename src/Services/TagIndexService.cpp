@@ -2,9 +2,9 @@
 
 #include "Platform/Clock.h"
 #include "Platform/Platform.h"
-#include "Services/Index/NoteExtraction.h"
-#include "Services/Index/NoteFile.h"
-#include "Services/Index/VaultListing.h"
+#include "Services/Index/Vault/NoteExtraction.h"
+#include "Services/Index/Vault/NoteFile.h"
+#include "Services/Index/Vault/VaultListing.h"
 #include "Support/Background.h"
 #include "Support/Logging.h"
 #include "Support/Sleep.h"

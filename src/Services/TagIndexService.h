@@ -1,13 +1,13 @@
 #pragma once
 
 #include "Platform/Clock.h"
-#include "Services/Index/FileReadings.h"
-#include "Services/Index/IndexDatabase.h"
-#include "Services/Index/IndexSearch.h"
+#include "Services/Index/Database/IndexDatabase.h"
 #include "Services/Index/IndexStatus.h"
 #include "Services/Index/NoteIndex.h"
-#include "Services/Index/VaultMonitor.h"
-#include "Services/Index/VaultScan.h"
+#include "Services/Index/Search/IndexSearch.h"
+#include "Services/Index/Vault/FileReadings.h"
+#include "Services/Index/Vault/VaultMonitor.h"
+#include "Services/Index/Vault/VaultScan.h"
 
 #include <QCoroTask>
 

@@ -1,8 +1,8 @@
 // Takes any query apart, and gives it to a full-text table as the index does.
 
 #include "Fuzz/FuzzTarget.h"
-#include "Services/Index/SearchQuery.h"
-#include "Services/Index/SearchReference.h"
+#include "Services/Index/Search/SearchQuery.h"
+#include "Services/Index/Search/SearchReference.h"
 #include "Support/Database.h"
 
 #include <cstdlib>

@@ -1,9 +1,9 @@
 // Looks for what stands in the first line in the rest, and cuts a snippet out of it.
 
 #include "Fuzz/FuzzTarget.h"
-#include "Services/Index/LowercaseMatcher.h"
-#include "Services/Index/SearchReference.h"
-#include "Services/Index/SearchSnippet.h"
+#include "Services/Index/Search/LowercaseMatcher.h"
+#include "Services/Index/Search/SearchReference.h"
+#include "Services/Index/Search/SearchSnippet.h"
 
 #include <vector>
 

@@ -54,7 +54,7 @@ BAD = [
     ("src/Support/Result.h", "#include <Models/Toast.h>"),
     ("src/Support/File.cpp", '#include "Platform/linux/LinuxFiles.h"'),
     ("src/Models/Toast.h", '#include "Platform/Clock.h"'),
-    ("src/Services/Index/IndexSearch.cpp", '#  include "Views/Theme.h"'),
+    ("src/Services/Index/Search/IndexSearch.cpp", '#  include "Views/Theme.h"'),
     ("src/Services/ToastManager.cpp", '\n#include "Platform/qt/QtScheduler.h"'),
     ("src/Views/Theme.cpp", '#include "Platform/linux/Colours.h"'),
 ]

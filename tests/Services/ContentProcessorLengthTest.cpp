@@ -3,7 +3,7 @@
 
 #include "Services/ContentProcessor.h"
 #include "Services/ContentSamples.h"
-#include "Services/Index/NoteTags.h"
+#include "Services/Index/Content/NoteTags.h"
 
 #include "QtPrinters.h"
 

@@ -1,7 +1,7 @@
 #include "driver/Operations.h"
 
+#include "Services/Index/Content/NoteTags.h"
 #include "Services/Index/ContentHash.h"
-#include "Services/Index/NoteTags.h"
 #include "driver/IndexJson.h"
 
 namespace jotwell {

@@ -2,11 +2,11 @@
 
 #include "Services/ContentProcessor.h"
 #include "Services/Index/FileMetadata.h"
-#include "Services/Index/IndexSearchResult.h"
 #include "Services/Index/IndexStatus.h"
 #include "Services/Index/NoteIndex.h"
-#include "Services/Index/SearchCache.h"
-#include "Services/Index/SearchQuery.h"
+#include "Services/Index/Search/IndexSearchResult.h"
+#include "Services/Index/Search/SearchCache.h"
+#include "Services/Index/Search/SearchQuery.h"
 
 #include <QJsonValue>
 

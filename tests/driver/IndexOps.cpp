@@ -1,7 +1,7 @@
 #include "driver/Operations.h"
 
-#include "Services/Index/SearchSnippet.h"
-#include "Services/Index/VaultListing.h"
+#include "Services/Index/Search/SearchSnippet.h"
+#include "Services/Index/Vault/VaultListing.h"
 #include "Services/TagIndexService.h"
 #include "driver/IndexJson.h"
 #include "driver/Session.h"
