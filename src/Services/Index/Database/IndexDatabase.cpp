@@ -108,7 +108,7 @@ QCoro::Task<IndexSearchResults> IndexDatabase::searchContent(QString ftsQuery)
     return search(m_connection, m_executor, std::move(ftsQuery));
 }
 
-QCoro::Task<void> IndexDatabase::logSearchHistory(QString query, qsizetype resultCount,
+QCoro::Task<void> IndexDatabase::logSearchHistory(const QString& query, qsizetype resultCount,
                                                   double executionTime)
 {
     const SearchHistoryEntry entry{query.toUtf8(), resultCount, executionTime, m_clock.now()};

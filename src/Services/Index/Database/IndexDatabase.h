@@ -43,7 +43,8 @@ public:
     /// The rows that the full-text table finds for a prepared query, best first, 50 at most. None
     /// as well when it can't be read, is just being cleaned up or the query is no query.
     QCoro::Task<IndexSearchResults> searchContent(QString ftsQuery);
-    QCoro::Task<void> logSearchHistory(QString query, qsizetype resultCount, double executionTime);
+    QCoro::Task<void> logSearchHistory(const QString& query, qsizetype resultCount,
+                                       double executionTime);
 
 private:
     QThreadPool& m_executor;

@@ -75,7 +75,7 @@ QStringList tagsOf(QByteArrayView json)
 {
     const QJsonArray array = QJsonDocument::fromJson(json.toByteArray()).array();
     QStringList tags;
-    for (const QJsonValue& tag : array) {
+    for (const auto& tag : array) {
         if (!tag.isString())
             return {};
         tags.append(tag.toString());

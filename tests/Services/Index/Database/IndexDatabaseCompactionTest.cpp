@@ -69,14 +69,14 @@ std::vector<FileMetadata> withVanished(std::vector<FileMetadata> notes, const Fi
     return notes;
 }
 
-/// Notes of some 2 KB of a few thousand different words.
+/// Notes of some 1 KB of a few thousand different words.
 std::vector<FileMetadata> longNotes(int count)
 {
     std::vector<FileMetadata> notes;
     for (int number = 0; number < count; ++number) {
         FileMetadata record;
         record.path = "/vault/Long " + QByteArray::number(number) + ".md";
-        for (int word = 0; word < 250; ++word)
+        for (int word = 0; word < 120; ++word)
             record.fullContent +=
                 "word" + QByteArray::number((number * 37 + word * 101) % 5000) + ' ';
         record.cleanedContent = record.fullContent;

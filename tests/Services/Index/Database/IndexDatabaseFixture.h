@@ -22,7 +22,6 @@ namespace jotwell {
 class IndexDatabaseFixture : public testing::Test {
 protected:
     IndexDatabaseFixture() { m_executor.setMaxThreadCount(1); }
-    ~IndexDatabaseFixture() override { close(); }
 
     [[nodiscard]] QString file() const { return m_folder.pathOf(m_name); }
 
@@ -76,6 +75,7 @@ protected:
     static std::vector<FileMetadata> notes(int count)
     {
         std::vector<FileMetadata> records;
+        records.reserve(static_cast<std::size_t>(count));
         for (int number = 0; number < count; ++number)
             records.push_back(note("Note " + QByteArray::number(number),
                                    "The text of note " + QByteArray::number(number)));
