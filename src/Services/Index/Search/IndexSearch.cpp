@@ -85,31 +85,35 @@ QCoro::Task<TaggedNotes> searchTags(const NoteIndex& index, const SearchQuery& q
     return inBackground(pool, std::move(search));
 }
 
-QCoro::Task<IndexSearchResults> searchNames(const NoteIndex& index, const SearchQuery& query,
-                                            QThreadPool& pool)
+QCoro::Task<std::vector<LowercaseMatcher>> matchersInBackground(QStringList terms,
+                                                                QThreadPool& pool)
 {
-    auto matches = [terms = matchersOf(query.filenameTerms)](const FileMetadata& note) {
-        return nameHolds(note, terms);
-    };
-    auto scan = std::make_shared<NoteScan>(index.notes(), std::move(matches),
-                                           NoteScan::Reads::names, mostResults);
-    auto makeResult = [](const FileMetadata& note) { return resultOf(note, MatchType::filename); };
-    return newestResults(std::move(scan), std::move(makeResult), pool);
+    auto makeMatchers = [terms = std::move(terms)] { return matchersOf(terms); };
+    return inBackground(pool, std::move(makeMatchers));
 }
 
-QCoro::Task<IndexSearchResults> searchTexts(const NoteIndex& index, const QString& query,
-                                            QThreadPool& pool)
+QCoro::Task<IndexSearchResults> searchNames(NoteMap notes, QStringList terms, QThreadPool& pool)
 {
-    const auto terms = matchersOf(contentTerms(query));
-    auto matches = [terms](const FileMetadata& note) { return contentHolds(note, terms); };
-    auto scan = std::make_shared<NoteScan>(index.notes(), std::move(matches),
+    const auto matchers = co_await matchersInBackground(terms, pool);
+    auto matches = [matchers](const FileMetadata& note) { return nameHolds(note, matchers); };
+    auto scan = std::make_shared<NoteScan>(std::move(notes), std::move(matches),
+                                           NoteScan::Reads::names, mostResults);
+    auto makeResult = [](const FileMetadata& note) { return resultOf(note, MatchType::filename); };
+    co_return co_await newestResults(std::move(scan), std::move(makeResult), pool);
+}
+
+QCoro::Task<IndexSearchResults> searchTexts(NoteMap notes, QStringList terms, QThreadPool& pool)
+{
+    const auto matchers = co_await matchersInBackground(terms, pool);
+    auto matches = [matchers](const FileMetadata& note) { return contentHolds(note, matchers); };
+    auto scan = std::make_shared<NoteScan>(std::move(notes), std::move(matches),
                                            NoteScan::Reads::texts, mostResults);
-    auto makeResult = [terms](const FileMetadata& note) {
+    auto makeResult = [matchers](const FileMetadata& note) {
         IndexSearchResult result = resultOf(note, MatchType::content);
-        result.snippet = createSimpleSnippet(note.cleanedContent, terms);
+        result.snippet = createSimpleSnippet(note.cleanedContent, matchers);
         return result;
     };
-    return newestResults(std::move(scan), std::move(makeResult), pool);
+    co_return co_await newestResults(std::move(scan), std::move(makeResult), pool);
 }
 
 double secondsSince(Clock::TimePoint startTime, const Clock& clock)
@@ -154,7 +158,8 @@ QCoro::Task<SearchAnswer> IndexSearch::searchNotes(QString query)
         answer = answerOf(found.results, found.candidates, startTime, clock);
     } else if (!parsed.filenameTerms.isEmpty()) {
         const qsizetype candidates = m_index.notes().size();
-        const IndexSearchResults found = co_await searchNames(m_index, parsed, m_background);
+        const IndexSearchResults found =
+            co_await searchNames(m_index.notes(), parsed.filenameTerms, m_background);
         answer = answerOf(found, candidates, startTime, clock);
     } else {
         co_return answerOf({}, 0, startTime, clock);
@@ -201,7 +206,8 @@ QCoro::Task<SearchAnswer> IndexSearch::performInMemoryContentSearch(QString quer
 {
     const Clock& clock = m_clock;
     const qsizetype filesScanned = m_index.notes().size();
-    const IndexSearchResults found = co_await searchTexts(m_index, query, m_background);
+    const IndexSearchResults found =
+        co_await searchTexts(m_index.notes(), contentTerms(query), m_background);
     co_return answerOf(found, filesScanned, startTime, clock);
 }
 

@@ -22,10 +22,11 @@ QByteArrayView trimmed(QByteArrayView text)
             break;
     }
     qsizetype end = text.size();
-    for (qsizetype last = end; end > begin; end = last) {
-        last = codePointBefore(text, end);
+    while (end > begin) {
+        const qsizetype last = codePointBefore(text, end);
         if (!isInWhitespaceSet(codePointAt(text, last).value))
             break;
+        end = last;
     }
     return text.sliced(begin, end - begin);
 }

@@ -19,7 +19,7 @@ namespace jotwell {
 
 /// Searches over notes that lie in memory and over a database of their own.
 class IndexSearchFixture : public testing::Test {
-protected:
+public:
     IndexSearchFixture() { m_databaseThread.setMaxThreadCount(1); }
     ~IndexSearchFixture() override
     {
@@ -27,7 +27,10 @@ protected:
         m_background.waitForDone();
         closeDatabase();
     }
+    IndexSearchFixture(const IndexSearchFixture&) = delete;
+    IndexSearchFixture& operator=(const IndexSearchFixture&) = delete;
 
+protected:
     /// A note `name` of the vault, as old as the clock shows.
     void put(const QByteArray& name, const QByteArray& text = {}, const TagSet& tags = {})
     {

@@ -131,7 +131,7 @@ TEST(LowercaseMatcher, FindsEveryCharacterAndItsForms)
     forEachCharacter([](char32_t code) {
         const QString character = characterOf(code);
         const bool hasCase = character.toLower() != character || character.toUpper() != character;
-        if (!hasCase && code % 61 != 0)
+        if (!hasCase && code % 509 != 0)
             return;
         for (const QString& text : {character, character.toLower(), character.toUpper()}) {
             const QString padded = u"ab"_qs + text + u"yz"_qs;
@@ -187,7 +187,7 @@ TEST(LowercaseMatcher, AgreesWithTheLowerCaseOfTheWholeText)
 {
     RandomTexts texts;
     int found = 0;
-    constexpr int rounds = 200'000;
+    constexpr int rounds = 20'000;
     for (int round = 0; round < rounds; ++round) {
         texts.chooseAlphabet();
         const QString text = texts.next(round % 5 == 0 ? 300 : 12);
@@ -207,7 +207,7 @@ TEST(LowercaseMatcher, AgreesWithTheLowerCaseOfTheWholeText)
 TEST(LowercaseMatcher, FindsATermAtEveryPlaceOfATextOfAnyLength)
 {
     const LowercaseMatcher matcher(u"needle"_qs);
-    for (int length = 6; length < 300; ++length) {
+    for (int length = 6; length < 150; ++length) {
         for (int place = 0; place + 6 <= length; ++place) {
             QByteArray text(length, 'e');
             ASSERT_FALSE(matcher.isIn(text));
