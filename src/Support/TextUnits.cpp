@@ -3,6 +3,8 @@
 #include <unicode/ubrk.h>
 #include <unicode/ustring.h>
 
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <memory>
 
@@ -89,6 +91,12 @@ QString trimmedWhitespace(QStringView text)
 QString trimmedWhitespaceAndNewlines(QStringView text)
 {
     return trimmed(text, [](QChar unit) { return isWhitespace(unit) || isNewline(unit); });
+}
+
+QString textFromUtf8(QByteArrayView utf8)
+{
+    QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decode(utf8);
 }
 
 QStringView firstLine(QStringView text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 
@@ -31,6 +32,9 @@ struct TextRange {
 
 [[nodiscard]] QString trimmedWhitespace(QStringView text);
 [[nodiscard]] QString trimmedWhitespaceAndNewlines(QStringView text);
+
+/// The text that is `utf8`, a byte order mark at its beginning included.
+[[nodiscard]] QString textFromUtf8(QByteArrayView utf8);
 
 /// What stands before the first line end; the whole text if there is none.
 [[nodiscard]] QStringView firstLine(QStringView text);

@@ -106,6 +106,12 @@ TEST(TextUnits, SortsByCodePointAndNotByUnit)
     EXPECT_FALSE(precedesByCodePoint(u"\U0001F600", u"\uffee"));
 }
 
+TEST(TextUnits, KeepsAByteOrderMark)
+{
+    EXPECT_EQ(textFromUtf8("\xef\xbb\xbf\xc3\xa4").toStdU16String(), u"\ufeff\u00e4");
+    EXPECT_EQ(textFromUtf8(QByteArrayView("a\0b", 3)).size(), 3);
+}
+
 } // namespace
 
 } // namespace jotwell

@@ -90,7 +90,7 @@ QJsonObject notesOfTags(const NoteIndex& index)
 
 QString textOf(QByteArrayView utf8)
 {
-    return QString::fromUtf8(utf8);
+    return textFromUtf8(utf8);
 }
 
 QJsonValue toJson(const QList<CodeBlock>& blocks)

@@ -3,8 +3,7 @@
 #include "Services/Index/Content/NextByte.h"
 #include "Services/Index/Content/TagMarks.h"
 #include "Services/Index/Content/Utf8Classes.h"
-
-#include <QStringDecoder>
+#include "Support/TextUnits.h"
 
 #include <algorithm>
 
@@ -52,8 +51,7 @@ QByteArrayView trimmedBlanks(QByteArrayView text)
 // Marks of the byte order stay.
 QString lowerCased(QByteArrayView text)
 {
-    QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-    return QString(decode(text)).toLower();
+    return textFromUtf8(text).toLower();
 }
 
 // A piece of nothing but blanks gives an empty tag, an empty piece none.

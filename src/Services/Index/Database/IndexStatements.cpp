@@ -2,6 +2,7 @@
 
 #include "Services/Index/FileMetadata.h"
 #include "Support/Logging.h"
+#include "Support/TextUnits.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -86,12 +87,12 @@ QStringList tagsOf(QByteArrayView json)
 IndexSearchResult resultOf(const Statement& row)
 {
     IndexSearchResult result;
-    result.path = QString::fromUtf8(row.text(0));
-    result.title = QString::fromUtf8(row.text(1));
+    result.path = textFromUtf8(row.text(0));
+    result.title = textFromUtf8(row.text(1));
     result.tags = tagsOf(row.text(2));
     result.modificationDate = fromWholeSeconds(row.integer(3));
     if (!row.isNull(4))
-        result.snippet = QString::fromUtf8(row.text(4));
+        result.snippet = textFromUtf8(row.text(4));
     result.relevanceScore = row.real(5);
     result.matchType = MatchType::fullText;
     return result;

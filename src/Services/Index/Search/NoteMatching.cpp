@@ -1,5 +1,7 @@
 #include "Services/Index/Search/NoteMatching.h"
 
+#include "Support/TextUnits.h"
+
 #include <algorithm>
 
 namespace jotwell {
@@ -65,7 +67,7 @@ NoteIndex::Records taggedNotes(const QList<NoteIndex::Records>& notesOfTags)
 IndexSearchResult resultOf(const FileMetadata& note, MatchType matchType)
 {
     IndexSearchResult result;
-    result.title = QString::fromUtf8(note.title());
+    result.title = textFromUtf8(note.title());
     result.path = QString::fromUtf8(note.path);
     result.tags = note.allTags();
     result.modificationDate = note.modificationDate;

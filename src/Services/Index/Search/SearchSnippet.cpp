@@ -44,7 +44,7 @@ Beginning beginningOf(QByteArrayView text, qsizetype count)
         qsizetype end = isAll ? text.size() : size;
         while (!isAll && isContinuationByte(text[end]))
             --end;
-        const QString beginning = QString::fromUtf8(text.first(end));
+        const QString beginning = textFromUtf8(text.first(end));
         const QStringView found = firstCharacters(beginning, count);
         if (found.size() < beginning.size() || isAll)
             return {found.toString(), found.size() == beginning.size()};
