@@ -31,7 +31,7 @@ Answer listingOf(const QString& vaultPath)
 {
     const auto listed = findMarkdownFiles(vaultPath);
     if (!listed)
-        return failureOf(listed.error());
+        return Failure{QStringLiteral("system"), listingFailure()};
     QStringList paths;
     for (const QByteArray& each : *listed)
         paths.append(textOf(each));

@@ -39,4 +39,9 @@ Result<std::vector<ListedNote>, SystemError> findMarkdownFilesWithStatus(const Q
     });
 }
 
+QString listingFailure()
+{
+    return QStringLiteral("Failed to enumerate files");
+}
+
 } // namespace jotwell

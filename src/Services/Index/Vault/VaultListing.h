@@ -19,6 +19,9 @@ namespace jotwell {
 [[nodiscard]] Result<std::vector<QByteArray>, SystemError>
 findMarkdownFiles(const QString& vaultPath);
 
+/// What is said when it fails.
+[[nodiscard]] QString listingFailure();
+
 struct ListedNote {
     QByteArray path;
     Result<FileStatus, SystemError> status;

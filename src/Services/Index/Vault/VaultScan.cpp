@@ -1,10 +1,13 @@
 #include "Services/Index/Vault/VaultScan.h"
 
 #include "Services/Index/Vault/NoteFile.h"
+#include "Services/Index/Vault/VaultListing.h"
 #include "Support/FolderWalk.h"
 
+#include <QHash>
 #include <QSet>
 
+#include <algorithm>
 #include <array>
 
 namespace jotwell {
@@ -118,6 +121,26 @@ std::vector<QByteArray> missingFrom(const Listed& listed, const NoteMap& notes)
     return missing;
 }
 
+// What two threads have found, in the order in which one would have. Most scans find no more than a
+// note, so that this seldom costs anything.
+void sortByListing(std::vector<NoteChange>& changes, const QString& vaultPath)
+{
+    const auto listed = findMarkdownFiles(vaultPath);
+    if (!listed)
+        return;
+    QHash<QByteArray, std::size_t> places;
+    for (const NoteChange& each : changes)
+        places.insert(each.path, listed->size());
+    for (std::size_t place = 0; place < listed->size(); ++place) {
+        if (const auto found = places.find((*listed)[place]); found != places.end())
+            *found = place;
+    }
+    std::stable_sort(changes.begin(), changes.end(),
+                     [&places](const NoteChange& left, const NoteChange& right) {
+                         return places.value(left.path) < places.value(right.path);
+                     });
+}
+
 } // namespace
 
 std::optional<NoteChange::Kind> changeOf(const QByteArray& path, const Status& status,
@@ -146,12 +169,15 @@ std::optional<ScanFindings> compareVault(const QString& vaultPath, bool checkCon
     }
     if (!walkFolder(vaultPath, visits))
         return std::nullopt;
+    const auto hasChanges = [](const Comparison& each) { return !each.changes().empty(); };
     ScanFindings findings;
     Listed listed;
     for (const Comparison& each : parts) {
         append(findings.changes, each.changes());
         append(listed, each.listed());
     }
+    if (std::count_if(parts.begin(), parts.end(), hasChanges) > 1)
+        sortByListing(findings.changes, vaultPath);
     findings.missing = missingFrom(listed, notes);
     return findings;
 }

@@ -21,7 +21,7 @@ struct NoteChange {
 };
 
 struct ScanFindings {
-    std::vector<NoteChange> changes; ///< those of a folder in the order of its listing
+    std::vector<NoteChange> changes; ///< in the order of `findMarkdownFiles`
     std::vector<QByteArray> missing; ///< notes of the map that weren't listed
 };
 
