@@ -19,8 +19,24 @@ namespace jotwell {
 
 namespace {
 
-// What the user does must never wait longer for the notes that are being taken in.
-constexpr qint64 longestStretch = 2; // milliseconds
+/// Work on the main thread that makes way for its events every now and then.
+class Stretch {
+public:
+    Stretch() { m_timer.start(); }
+
+    QCoro::Task<void> pauseIfLong()
+    {
+        // What the user does must never wait longer.
+        constexpr qint64 longest = 2; // milliseconds
+        if (!m_timer.hasExpired(longest))
+            co_return;
+        co_await nextTurn();
+        m_timer.start();
+    }
+
+private:
+    QElapsedTimer m_timer;
+};
 
 const QString logCategory = QStringLiteral("TagIndex");
 
@@ -39,14 +55,12 @@ void logChange(NoteChange::Kind kind, const QByteArray& path)
     }
 }
 
-// To free many records takes as long as to read them.
-void freeInBackground(NoteMap notes, QThreadPool& pool)
-{
-    auto work = [notes = std::make_shared<NoteMap>(std::move(notes))] { *notes = NoteMap(); };
-    static_cast<void>(startInBackground(pool, std::move(work)));
-}
-
 } // namespace
+
+struct TagIndexService::Scan {
+    NoteMap before; ///< the notes as they were when it began
+    std::optional<ScanFindings> findings;
+};
 
 TagIndexService::TagIndexService(const Platform& platform)
     : m_platform(platform),
@@ -83,29 +97,36 @@ QCoro::Task<void> TagIndexService::performIndexBuild(QString vaultPath)
     clearIndex();
 
     auto list = [vaultPath] { return findMarkdownFiles(vaultPath); };
-    const auto files = co_await inBackground(m_platform.bulk, std::move(list));
+    auto files = co_await inBackground(m_platform.bulk, std::move(list));
     if (!self || m_isStopping)
         co_return;
     if (!files) {
-        const QString reason = QStringLiteral("Failed to enumerate files");
-        logError(logCategory, QStringLiteral("Failed to build index: ") + reason);
-        publishIsIndexing(false);
-        publishIndexStatus({IndexStatus::Kind::error, reason});
+        failBuild(listingFailure());
         co_return;
     }
     const auto count = static_cast<qsizetype>(files->size());
     publishTotalFileCount(count);
-    co_await takeInNotes(*files);
+    co_await takeInNotes(std::move(files.value()));
     if (!self || m_isStopping)
         co_return;
     co_await m_database.saveIndexToDatabase(m_index.notes());
     if (!self || m_isStopping)
         co_return;
+    finishBuild(vaultPath, count, static_cast<double>(elapsed.elapsed()) / 1000);
+}
+
+void TagIndexService::failBuild(const QString& reason)
+{
+    logError(logCategory, QStringLiteral("Failed to build index: ") + reason);
+    publishIsIndexing(false);
+    publishIndexStatus({IndexStatus::Kind::error, reason});
+}
+
+void TagIndexService::finishBuild(const QString& vaultPath, qsizetype count, double seconds)
+{
     m_monitor.startFileMonitoring(vaultPath);
-    logInfo(logCategory,
-            QStringLiteral("Index built successfully: %1 files in %2s")
-                .arg(QString::number(count),
-                     QString::number(static_cast<double>(elapsed.elapsed()) / 1000, 'f', 2)));
+    logInfo(logCategory, QStringLiteral("Index built successfully: %1 files in %2s")
+                             .arg(QString::number(count), QString::number(seconds, 'f', 2)));
     publishIsIndexing(false);
     publishIndexStatus({IndexStatus::Kind::ready, {}});
     publishLastIndexUpdate();
@@ -120,10 +141,10 @@ QCoro::Task<void> TagIndexService::takeInNotes(std::vector<QByteArray> files)
         return jotwell::extractMetadata(path, clock, *readings);
     };
     NoteExtraction extraction(std::move(files), extract, m_platform.bulk);
-    QElapsedTimer stretch;
-    stretch.start();
+    Stretch stretch;
     for (qsizetype done = 0; done < total;) {
         const NoteExtraction::Records records = co_await extraction.nextBatch();
+        co_await stretch.pauseIfLong();
         if (!self || m_isStopping)
             co_return;
         for (const FileMetadataPtr& record : records)
@@ -131,12 +152,6 @@ QCoro::Task<void> TagIndexService::takeInNotes(std::vector<QByteArray> files)
         done = std::min(done + static_cast<qsizetype>(NoteExtraction::batchSize), total);
         publishIndexedFileCount(done);
         publishIndexingProgress(static_cast<double>(done) / static_cast<double>(total));
-        if (stretch.hasExpired(longestStretch)) {
-            co_await nextTurn();
-            if (!self || m_isStopping)
-                co_return;
-            stretch.start();
-        }
     }
 }
 
@@ -152,46 +167,65 @@ QCoro::Task<void> TagIndexService::refreshIndex()
 QCoro::Task<void> TagIndexService::scanForChanges(QString vaultPath, bool checkContent)
 {
     const QPointer self(this);
-    const NoteMap before = m_index.notes();
-    auto compare = [vaultPath, checkContent, before, readings = m_readings, slice = m_scanCount++] {
-        return compareVault(vaultPath, checkContent, before, *readings, slice);
+    // It may be the last to hold the notes of an old vault.
+    const EndsInBackground<Scan> scan(m_platform.bulk);
+    scan->before = m_index.notes();
+    auto compare = [scan = scan.value(), vaultPath, checkContent, readings = m_readings,
+                    slice = m_scanCount++] {
+        scan->findings = compareVault(vaultPath, checkContent, scan->before, *readings, slice);
+        return scan->findings.has_value();
     };
-    const auto findings = co_await inBackground(m_platform.bulk, std::move(compare));
-    if (!self || m_isStopping || !findings)
+    const bool isListed = co_await inBackground(m_platform.bulk, std::move(compare));
+    if (!self || m_isStopping || !isListed)
         co_return;
-    const qsizetype count = co_await applyFindings(*findings, before);
-    if (!self || m_isStopping || count == 0)
+    const qsizetype changed = co_await applyChanges(&*scan);
+    if (!self || m_isStopping)
         co_return;
-    logInfo(logCategory,
-            QStringLiteral("Index updated: %1 file(s) changed").arg(QString::number(count)));
+    const qsizetype removed = co_await applyRemovals(&*scan);
+    if (!self || m_isStopping || changed + removed == 0)
+        co_return;
+    logInfo(logCategory, QStringLiteral("Index updated: %1 file(s) changed")
+                             .arg(QString::number(changed + removed)));
     publishLastIndexUpdate();
 }
 
-// Gives the number of notes changed. What another operation has taken in or out since `before` is
-// at least as fresh as what was found.
-QCoro::Task<qsizetype> TagIndexService::applyFindings(ScanFindings findings, NoteMap before)
+// Both give the number of notes dealt with. What another operation has taken in or out since the
+// scan began is at least as fresh as what it found. `scan` must outlive them.
+
+QCoro::Task<qsizetype> TagIndexService::applyChanges(const Scan* scan)
 {
     const QPointer self(this);
     qsizetype count = 0;
-    for (const NoteChange& change : findings.changes) {
+    Stretch stretch;
+    for (const NoteChange& change : scan->findings->changes) {
+        co_await stretch.pauseIfLong();
+        if (!self || m_isStopping)
+            co_return count;
         const FileMetadata* record = m_index.notes().find(change.path);
-        if (record && record != before.find(change.path))
+        if (record && record != scan->before.find(change.path))
             continue;
         logChange(record ? change.kind : NoteChange::Kind::isNew, change.path);
         co_await updateFile(QString::fromUtf8(change.path));
-        if (!self || m_isStopping)
-            co_return count;
         ++count;
     }
-    for (const QByteArray& path : findings.missing) {
+    co_return count;
+}
+
+QCoro::Task<qsizetype> TagIndexService::applyRemovals(const Scan* scan)
+{
+    const QPointer self(this);
+    qsizetype count = 0;
+    Stretch stretch;
+    for (const QByteArray& path : scan->findings->missing) {
+        co_await stretch.pauseIfLong();
+        if (!self || m_isStopping)
+            co_return count;
         const FileMetadata* record = m_index.notes().find(path);
-        if (!record || record != before.find(path))
+        if (!record || record != scan->before.find(path))
             continue;
         logInfo(logCategory,
                 QStringLiteral("File removed or renamed: ") + QString::fromUtf8(fileNameOf(path)));
         co_await removeFile(QString::fromUtf8(path));
-        if (!self || m_isStopping)
-            co_return count;
         ++count;
     }
     co_return count;
@@ -236,7 +270,8 @@ QCoro::Task<void> TagIndexService::removeFile(QString path)
 
 void TagIndexService::clearIndex()
 {
-    freeInBackground(m_index.takeAll(), m_platform.bulk);
+    freeInBackground(m_platform.bulk, std::make_shared<NoteIndex::Contents>(m_index.takeAll()));
+    m_readings->clear();
     m_search.clearCache();
     publishIndexedFileCount(0);
     publishTotalFileCount(0);

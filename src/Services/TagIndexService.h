@@ -53,11 +53,15 @@ public:
     QCoro::Task<void> buildIndex(QString vaultPath);
     /// Brings the index up to date with the watched vault, if there is one.
     QCoro::Task<void> refreshIndex();
+    /// Compares the index with the files of a vault and takes over what has changed. Unless it is
+    /// to `checkContent`, notes of the same size and date count as unchanged.
     QCoro::Task<void> scanForChanges(QString vaultPath, bool checkContent);
     /// Reads one note, without taking it in; none if it can't be read.
     QCoro::Task<FileMetadataPtr> extractMetadata(QString path);
+    /// Takes one note in anew; if it can't be read its record stays.
     QCoro::Task<void> updateFile(QString path);
     QCoro::Task<void> removeFile(QString path);
+    /// Forgets all notes; the database and the watch stay as they are.
     void clearIndex();
     /// Ends all work at its next waiting point, for good. To be called before the program stops.
     void stop();
@@ -87,7 +91,11 @@ signals:
 private:
     QCoro::Task<void> performIndexBuild(QString vaultPath);
     QCoro::Task<void> takeInNotes(std::vector<QByteArray> files);
-    QCoro::Task<qsizetype> applyFindings(ScanFindings findings, NoteMap before);
+    struct Scan;
+    void failBuild(const QString& reason);
+    void finishBuild(const QString& vaultPath, qsizetype count, double seconds);
+    QCoro::Task<qsizetype> applyChanges(const Scan* scan);
+    QCoro::Task<qsizetype> applyRemovals(const Scan* scan);
     void startScan(const QString& vaultPath);
     QCoro::Task<void> runWaitingScans();
 

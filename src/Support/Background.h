@@ -20,17 +20,52 @@ namespace jotwell {
 /// Whoever has awaited such a future calls this before touching what the work has left behind.
 void takeOverFromBackground();
 
-/// Runs `work` on a thread of `pool` and gives its result back on the thread that awaits it. `work`
-/// is to hold all that it touches by value.
-template <typename Work>
-QCoro::Task<std::invoke_result_t<Work>> inBackground(QThreadPool& pool, Work work, int priority = 0)
+/// What `result` holds once `work` has ended. For `inBackground`.
+template <typename T>
+QCoro::Task<T> resultOf(QFuture<void> work, std::shared_ptr<std::optional<T>> result)
 {
-    const auto result = std::make_shared<std::optional<std::invoke_result_t<Work>>>();
-    std::function<void()> run = [work = std::move(work), result] { result->emplace(work()); };
-    auto future = startInBackground(pool, std::move(run), priority);
-    co_await future;
+    co_await work;
     takeOverFromBackground();
     co_return std::move(**result);
 }
+
+/// Runs `work` on a thread of `pool` and gives its result back on the thread that awaits it. `work`
+/// is to hold all that it touches by value; what it holds ends on that thread as well.
+template <typename Work>
+QCoro::Task<std::invoke_result_t<Work>> inBackground(QThreadPool& pool, Work work, int priority = 0)
+{
+    // No coroutine itself: its frame would keep `work`, and so whatever is captured from constants.
+    using Outcome = std::invoke_result_t<Work>;
+    const auto result = std::make_shared<std::optional<Outcome>>();
+    std::function<void()> run = [work = std::move(work), result] { result->emplace(work()); };
+    return resultOf<Outcome>(startInBackground(pool, std::move(run), priority), result);
+}
+
+/// Frees what `value` holds on a thread of `pool`, unless others hold it too: for what takes long.
+template <typename T>
+void freeInBackground(QThreadPool& pool, std::shared_ptr<T> value)
+{
+    std::function<void()> run = [value = std::move(value)]() mutable { value.reset(); };
+    static_cast<void>(startInBackground(pool, std::move(run)));
+}
+
+/// A value that is freed on a thread of a pool when its holder ends. Not to be copied.
+template <typename T>
+class EndsInBackground {
+public:
+    explicit EndsInBackground(QThreadPool& pool) : m_pool(pool) {}
+    ~EndsInBackground() { freeInBackground(m_pool, std::move(m_value)); }
+    EndsInBackground(const EndsInBackground&) = delete;
+    EndsInBackground& operator=(const EndsInBackground&) = delete;
+
+    [[nodiscard]] T& operator*() const { return *m_value; }
+    [[nodiscard]] T* operator->() const { return m_value.get(); }
+    /// To share with the work that makes it; that is to let go of it before.
+    [[nodiscard]] const std::shared_ptr<T>& value() const { return m_value; }
+
+private:
+    QThreadPool& m_pool;
+    std::shared_ptr<T> m_value = std::make_shared<T>();
+};
 
 } // namespace jotwell

@@ -36,10 +36,9 @@ void NoteIndex::remove(const QByteArray& path)
     m_notes.remove(path);
 }
 
-NoteMap NoteIndex::takeAll()
+NoteIndex::Contents NoteIndex::takeAll()
 {
-    m_tagToFiles.clear();
-    return std::exchange(m_notes, NoteMap());
+    return {std::exchange(m_notes, NoteMap()), std::exchange(m_tagToFiles, Tags())};
 }
 
 void NoteIndex::forgetTags(const FileMetadata& record)

@@ -7,6 +7,8 @@
 #include <QSet>
 #include <QString>
 
+#include <utility>
+
 namespace jotwell {
 
 /// A tag and the number of notes that hold it.
@@ -30,10 +32,16 @@ public:
 
     /// Takes the record in, in the place of one of the same path.
     void add(FileMetadataPtr record);
+    /// Lets go of the note, if it is there.
     void remove(const QByteArray& path);
-    /// Leaves the index empty and gives back what was in it: to free many records takes long, and
-    /// is better done on another thread.
-    [[nodiscard]] NoteMap takeAll();
+    /// The notes of each tag.
+    using Tags = QHash<QString, Records>;
+
+    using Contents = std::pair<NoteMap, Tags>;
+
+    /// Leaves the index empty and gives back what was in it: to free that takes long, and is better
+    /// done on another thread.
+    [[nodiscard]] Contents takeAll();
 
     /// All tags, those of most notes first, equal ones by code point.
     [[nodiscard]] QList<TagCount> getAllTagsWithCounts() const;

@@ -56,7 +56,7 @@ TEST_F(NoteIndexTest, RemovingAStrangerChangesNothing)
 TEST_F(NoteIndexTest, TakingAllLeavesNothing)
 {
     m_index.add(recordOf("/v/a.md", {u"x"_qs}));
-    EXPECT_EQ(m_index.takeAll().size(), 1);
+    EXPECT_EQ(m_index.takeAll().first.size(), 1);
     EXPECT_EQ(m_index.notes().size(), 0);
     EXPECT_THAT(m_index.tagToFiles(), IsEmpty());
     EXPECT_THAT(m_index.getAllTagsWithCounts(), IsEmpty());

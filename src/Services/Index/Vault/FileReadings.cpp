@@ -67,6 +67,14 @@ void FileReadings::forget(const QByteArray& path)
     shard.readings.remove(key);
 }
 
+void FileReadings::clear()
+{
+    for (Shard& shard : m_shards) {
+        const std::scoped_lock lock(shard.mutex);
+        shard.readings.clear();
+    }
+}
+
 bool FileReadings::keepsChangeTimes(const QByteArray& path, quint64 device)
 {
     {

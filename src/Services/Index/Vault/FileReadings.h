@@ -38,6 +38,8 @@ public:
     void remember(const QByteArray& path, const FileStatus& status, ContentHash hash,
                   Clock::TimePoint readAt);
     void forget(const QByteArray& path);
+    /// Forgets every file.
+    void clear();
 
 private:
     /// Of a regular file, under a status that can be trusted; others aren't kept. Paths and states

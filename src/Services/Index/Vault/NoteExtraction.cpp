@@ -27,6 +27,7 @@ NoteExtraction::NoteExtraction(std::vector<QByteArray> files, Extract extract, Q
 NoteExtraction::~NoteExtraction()
 {
     m_order->isCancelled = true;
+    freeInBackground(m_pool, std::move(m_order));
 }
 
 QCoro::Task<NoteExtraction::Records> NoteExtraction::nextBatch()

@@ -7,6 +7,7 @@
 #include "Support/Logging.h"
 
 #include <cerrno>
+#include <new>
 
 namespace jotwell {
 
@@ -45,6 +46,16 @@ Metadata metadataOf(const QByteArray& path, const Clock& clock, FileReadings& re
     const ContentHash hash = calculateHash(*text);
     readings.remember(path, *status, hash, readAt);
     return recordOf(path, *status, std::move(text.value()), hash, clock);
+}
+
+// Room for a note's texts may be lacking at any step.
+Metadata metadataIfItFits(const QByteArray& path, const Clock& clock, FileReadings& readings)
+{
+    try {
+        return metadataOf(path, clock, readings);
+    } catch (const std::bad_alloc&) {
+        return SystemError{ENOMEM};
+    }
 }
 
 // The system's own words for these two don't say what is the matter with the note.
@@ -90,7 +101,7 @@ Result<QByteArray, SystemError> readNote(const QByteArray& path, const FileStatu
 
 FileMetadataPtr extractMetadata(const QByteArray& path, const Clock& clock, FileReadings& readings)
 {
-    const Metadata record = metadataOf(path, clock, readings);
+    const Metadata record = metadataIfItFits(path, clock, readings);
     if (record)
         return *record;
     logError(QStringLiteral("TagIndex"),
