@@ -66,7 +66,6 @@ QIcon statusIcon()
 bool hasLetGo(QThreadPool& pool)
 {
     constexpr int milliseconds = 1000;
-    pool.clear();
     return pool.waitForDone(milliseconds);
 }
 
@@ -93,7 +92,9 @@ int run(InstanceDoor& door)
     if (!platform.background.waitForDone(0))
         std::_Exit(status);
     releaseSharedServices();
-    if (!hasLetGo(platform.bulk) || !hasLetGo(platform.database))
+    platform.bulk.clear();
+    // The database's thread is left what waits there: it is short by now, and closes the file.
+    if (!hasLetGo(platform.database) || !hasLetGo(platform.bulk))
         std::_Exit(status);
     return status;
 }
