@@ -19,7 +19,7 @@ qsizetype commonness(MaskedByte byte)
     if (byte.value == ' ')
         return 160;
     if (byte.value >= 0xC0)
-        return 70; // the lead bytes of one script are much the same
+        return 300; // much the same one in all of a script
     const qsizetype alone = byte.value >= 0x80 ? 15 : 8;
     return alone << std::min(std::popcount(byte.mask), 4);
 }

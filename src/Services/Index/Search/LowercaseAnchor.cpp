@@ -20,8 +20,17 @@ using Runs = std::vector<Run>;
 // How much of a long term is looked at for its rarest part, and how many runs may stand for it.
 constexpr std::size_t longestChoice = 32;
 constexpr std::size_t mostFilters = 4;
-// What a filter's way through a text costs, in hits of another one in a million places.
+// What a filter's way through a million places costs, and what one of its hits does where the rest
+// of the run is still to be looked at, or where there is no rest and the term is.
 constexpr qsizetype costOfFilter = 15'000;
+constexpr qsizetype costOfHit = 1;
+constexpr qsizetype costOfTerm = 6;
+
+qsizetype costOf(const Run& run)
+{
+    const qsizetype hits = ByteRunFilter(run).expectedHits();
+    return costOfFilter + hits * (run.size() > 2 ? costOfHit : costOfTerm);
+}
 
 Runs runsOf(std::u32string_view origins)
 {
@@ -80,7 +89,7 @@ struct Choice {
         qsizetype candidateCost = 0;
         for (const Run& run : runs) {
             candidate.filters.emplace_back(run);
-            candidateCost += costOfFilter + candidate.filters.back().expectedHits();
+            candidateCost += costOf(run);
         }
         if (!cost || candidateCost < *cost) {
             anchor = std::move(candidate);
