@@ -1,8 +1,8 @@
 #include "Services/Index/Content/LinePasses.h"
 
+#include "Services/Index/Content/ByteBlock.h"
 #include "Services/Index/Content/TextCuts.h"
 #include "Services/Index/Content/Utf8Classes.h"
-#include "Services/Index/Content/ByteBlock.h"
 
 #include <algorithm>
 

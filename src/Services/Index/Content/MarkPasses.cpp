@@ -1,9 +1,9 @@
 #include "Services/Index/Content/MarkPasses.h"
 
+#include "Services/Index/Content/ByteBlock.h"
 #include "Services/Index/Content/NextByte.h"
 #include "Services/Index/Content/TextCuts.h"
 #include "Services/Index/Content/Utf8Classes.h"
-#include "Services/Index/Content/ByteBlock.h"
 
 #include <algorithm>
 
