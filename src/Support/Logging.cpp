@@ -4,6 +4,8 @@
 #include <QMessageLogger>
 
 #include <cstdio>
+#include <mutex>
+#include <shared_mutex>
 
 namespace jotwell {
 
@@ -25,32 +27,44 @@ void writeRecord(const LogRecord& record)
         qCInfo(category).noquote() << record.message;
 }
 
-LogSink& currentSink()
+struct CurrentSink {
+    std::shared_mutex mutex;
+    LogSink sink = writeRecord;
+};
+
+CurrentSink& current()
 {
-    static LogSink sink = writeRecord;
-    return sink;
+    static CurrentSink current;
+    return current;
+}
+
+void record(const LogRecord& record)
+{
+    const std::shared_lock lock(current().mutex);
+    current().sink(record);
 }
 
 } // namespace
 
 void setLogSink(LogSink sink)
 {
-    currentSink() = sink ? std::move(sink) : writeRecord;
+    const std::unique_lock lock(current().mutex);
+    current().sink = sink ? std::move(sink) : writeRecord;
 }
 
 void logInfo(const QString& category, const QString& message)
 {
-    currentSink()({category, LogRecord::Level::info, message});
+    record({category, LogRecord::Level::info, message});
 }
 
 void logError(const QString& category, const QString& message)
 {
-    currentSink()({category, LogRecord::Level::error, message});
+    record({category, LogRecord::Level::error, message});
 }
 
 void printLine(const QString& line)
 {
-    currentSink()({QStringLiteral("print"), LogRecord::Level::print, line});
+    record({QStringLiteral("print"), LogRecord::Level::print, line});
 }
 
 } // namespace jotwell

@@ -22,8 +22,8 @@ struct LogRecord {
 using LogSink = std::function<void(const LogRecord&)>;
 
 /// Puts another receiver in the place of the usual ones (standard output for plain lines, Qt's
-/// message log under "com.jotwell.<category>" for the rest). An empty one brings them back. To be
-/// called before other threads log.
+/// message log under "com.jotwell.<category>" for the rest). An empty one brings them back. Comes
+/// back when nothing is being logged to the old one any more. Any thread, but not from a receiver.
 void setLogSink(LogSink sink);
 
 /// Any thread.
