@@ -135,8 +135,7 @@ int main(int argc, char** argv)
     const auto windows = makeWindowSystem();
     installPlatform(platform);
     {
-        FloatingWindowView view(CommandService::shared(), ToastManager::shared(),
-                                platform.scheduler);
+        FloatingWindowView view(InputServices::shared(platform.scheduler), ToastManager::shared());
         FloatingWindow window(view, *windows);
         BareWindow bare;
 

@@ -65,8 +65,8 @@ void AppDelegate::startIndex()
 
 void AppDelegate::setupFloatingWindow()
 {
-    m_floatingWindowView = std::make_unique<FloatingWindowView>(
-        CommandService::shared(), ToastManager::shared(), m_scheduler);
+    m_floatingWindowView = std::make_unique<FloatingWindowView>(InputServices::shared(m_scheduler),
+                                                                ToastManager::shared());
     m_floatingWindow = std::make_unique<FloatingWindow>(*m_floatingWindowView, m_desktop.windows);
     connect(m_floatingWindow.get(), &FloatingWindow::escapePressed, this,
             &AppDelegate::toggleFloatingWindow);

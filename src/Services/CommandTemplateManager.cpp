@@ -6,42 +6,42 @@
 
 namespace jotwell {
 
-CommandTemplateState::CommandTemplateState(CommandService& commandService, QObject* parent)
-    : QObject(parent), m_commandService(commandService)
+CommandTemplateState::CommandTemplateState(const InputServices& services, QObject* parent)
+    : QObject(parent), m_services(services)
 {
+}
+
+template <typename T>
+void CommandTemplateState::set(T CommandTemplateFields::*member, Field field, T value)
+{
+    if (m_fields.*member == value)
+        return;
+    m_fields.*member = std::move(value);
+    emit changed(field);
 }
 
 void CommandTemplateState::setText(const QString& text)
 {
-    if (m_text == text)
-        return;
-    m_text = text;
-    emit textChanged();
+    set(&CommandTemplateFields::text, Field::text, text);
 }
 
 void CommandTemplateState::setForceTextUpdate(bool force)
 {
-    if (m_forceTextUpdate == force)
-        return;
-    m_forceTextUpdate = force;
-    emit forceTextUpdateChanged();
+    set(&CommandTemplateFields::forceTextUpdate, Field::forceTextUpdate, force);
 }
 
 void CommandTemplateState::setCurrentTemplate(std::optional<ObsidianTemplate> value)
 {
-    if (m_currentTemplate == value)
-        return;
-    m_currentTemplate = std::move(value);
-    emit currentTemplateChanged();
+    set(&CommandTemplateFields::currentTemplate, Field::currentTemplate, std::move(value));
 }
 
 QCoro::Task<bool> CommandTemplateState::executeCommand()
 {
-    const auto command = m_commandService.findCommand(m_text);
+    const auto command = m_services.commands.findCommand(text());
     if (!command)
         co_return false;
     const QPointer self(this);
-    const bool success = co_await m_commandService.executeCommand(*command, m_text);
+    const bool success = co_await m_services.commands.executeCommand(*command, text());
     if (success && self) {
         setText(QString());
         setForceTextUpdate(true);

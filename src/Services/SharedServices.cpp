@@ -2,6 +2,7 @@
 
 #include "Platform/Platform.h"
 #include "Services/CommandService.h"
+#include "Services/Input/InputServices.h"
 #include "Services/ObsidianService.h"
 #include "Services/SettingsService.h"
 #include "Services/TagIndexService.h"
@@ -105,6 +106,12 @@ CommandService& CommandService::shared()
             std::make_unique<CommandService>(ObsidianService::shared(), SettingsService::shared(),
                                              ToastManager::shared(), all.platform->background);
     return *all.command;
+}
+
+InputServices InputServices::shared(Scheduler& scheduler)
+{
+    return {CommandService::shared(),  SettingsService::shared(),     ObsidianService::shared(),
+            TagIndexService::shared(), TemplateSyncService::shared(), scheduler};
 }
 
 } // namespace jotwell

@@ -74,9 +74,12 @@ CustomTextEditor::CustomTextEditor(CommandTemplateState& model, Scheduler& sched
                                    QString placeholder, QObject* parent)
     : QObject(parent), m_model(model), m_scheduler(scheduler), m_placeholder(std::move(placeholder))
 {
-    connect(&m_model, &CommandTemplateState::textChanged, this, &CustomTextEditor::update);
-    connect(&m_model, &CommandTemplateState::forceTextUpdateChanged, this,
-            &CustomTextEditor::update);
+    connect(&m_model, &CommandTemplateState::changed, this,
+            [this](CommandTemplateState::Field field) {
+                if (field == CommandTemplateState::Field::text ||
+                    field == CommandTemplateState::Field::forceTextUpdate)
+                    update();
+            });
 }
 
 void CustomTextEditor::setIsComposing(bool composing)

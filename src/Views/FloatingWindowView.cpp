@@ -8,10 +8,11 @@ namespace jotwell {
 
 using namespace std::chrono_literals;
 
-FloatingWindowView::FloatingWindowView(CommandService& commandService, ToastManager& toastManager,
-                                       Scheduler& scheduler, QObject* parent)
-    : QObject(parent), m_scheduler(scheduler), m_commandTemplateState(commandService),
-      m_editor(m_commandTemplateState, scheduler, QStringLiteral("What's on your mind right now?")),
+FloatingWindowView::FloatingWindowView(const InputServices& services, ToastManager& toastManager,
+                                       QObject* parent)
+    : QObject(parent), m_scheduler(services.scheduler), m_commandTemplateState(services),
+      m_editor(m_commandTemplateState, services.scheduler,
+               QStringLiteral("What's on your mind right now?")),
       m_toasts(toastManager)
 {
     m_editor.setOnCommandEnter([this] { handleCommandEnter(); });

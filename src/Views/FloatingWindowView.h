@@ -9,7 +9,6 @@
 
 namespace jotwell {
 
-class CommandService;
 class Scheduler;
 class ToastManager;
 
@@ -32,8 +31,8 @@ class FloatingWindowView : public QObject {
     Q_PROPERTY(int dynamicHeight READ dynamicHeight CONSTANT)
 
 public:
-    FloatingWindowView(CommandService& commandService, ToastManager& toastManager,
-                       Scheduler& scheduler, QObject* parent = nullptr);
+    FloatingWindowView(const InputServices& services, ToastManager& toastManager,
+                       QObject* parent = nullptr);
 
     [[nodiscard]] CommandTemplateState& commandTemplateState() { return m_commandTemplateState; }
     [[nodiscard]] CustomTextEditor* editor() { return &m_editor; }

@@ -5,6 +5,7 @@
 #include "Services/ObsidianService.h"
 #include "Services/SettingsService.h"
 #include "Services/TagIndexService.h"
+#include "Services/TemplateSyncService.h"
 #include "Services/ToastManager.h"
 #include "Views/FloatingWindowView.h"
 
@@ -37,7 +38,9 @@ public:
     TagIndexService index{fake.platform};
     ObsidianService notes{fake.platform, settings, toastManager, index};
     CommandService commands{notes, settings, toastManager, fake.background};
-    FloatingWindowView floatingWindowView{commands, toastManager, fake.scheduler};
+    TemplateSyncService templates{fake.platform, settings};
+    FloatingWindowView floatingWindowView{
+        InputServices{commands, settings, notes, index, templates, fake.scheduler}, toastManager};
 
     [[nodiscard]] CommandTemplateState& state()
     {

@@ -1,0 +1,7 @@
+#pragma once
+
+namespace jotwell {
+
+enum class ArrowDirection { up, down };
+
+} // namespace jotwell

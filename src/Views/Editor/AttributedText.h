@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Views/Editor/TextAttributes.h"
+
+#include <vector>
+
+namespace jotwell {
+
+/// The attributes of a text, which is plain at first. A later call overwrites what an earlier one
+/// has set of the same kind; parts of a range beyond the text are passed over.
+class AttributedText {
+public:
+    /// `length` in UTF-16 units.
+    explicit AttributedText(qsizetype length);
+
+    void setFont(const TextRange& range, const FontStyle& font);
+    void setColor(const TextRange& range, TextColor color);
+    void expand(const TextRange& range);
+    void underline(const TextRange& range);
+    void strikeThrough(const TextRange& range);
+
+    /// The longest stretches of equal attributes that aren't plain, in their order.
+    [[nodiscard]] std::vector<AttributeRun> runs() const;
+};
+
+} // namespace jotwell

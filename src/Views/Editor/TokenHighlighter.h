@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Support/TextUnits.h"
+
+#include <QStringList>
+#include <QStringView>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace jotwell {
+
+class AttributedText;
+
+/// The tokens of a text that are shown as chips, each kind in the order of the text.
+struct TokenRanges {
+    std::vector<TextRange> commands;
+    std::vector<TextRange> templates; ///< and folders
+    std::vector<TextRange> hashtags;
+
+    bool operator==(const TokenRanges&) const = default;
+};
+
+/// The names that may stand behind a "$"; each list is asked for only if the text has a use for it.
+struct TokenNames {
+    std::function<QStringList()> templates;
+    std::function<QStringList()> folders;
+};
+
+/// Finds the tokens in the first `limit` UTF-16 units of `text` and gives them their looks, over
+/// those that the text has by then.
+[[nodiscard]] TokenRanges highlightTokens(AttributedText& to, QStringView text, qsizetype limit,
+                                          const TokenNames& names);
+
+/// The slash word, looked for in the first `limit` units of `text`, inside, before or behind which
+/// the cursor stands; the last one of two.
+[[nodiscard]] std::optional<TextRange> slashWordAt(QStringView text, qsizetype limit,
+                                                   qsizetype cursor);
+
+} // namespace jotwell
