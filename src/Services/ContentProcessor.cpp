@@ -7,6 +7,7 @@
 #include "Services/Index/Content/NextByte.h"
 #include "Services/Index/Content/TagMarks.h"
 #include "Services/Index/Content/Utf8Classes.h"
+#include "Support/CharacterClasses.h"
 
 #include <algorithm>
 

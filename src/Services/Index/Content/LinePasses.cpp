@@ -3,6 +3,7 @@
 #include "Services/Index/Content/ByteBlock.h"
 #include "Services/Index/Content/TextCuts.h"
 #include "Services/Index/Content/Utf8Classes.h"
+#include "Support/CharacterClasses.h"
 
 #include <algorithm>
 

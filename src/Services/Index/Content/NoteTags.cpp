@@ -3,6 +3,7 @@
 #include "Services/Index/Content/NextByte.h"
 #include "Services/Index/Content/TagMarks.h"
 #include "Services/Index/Content/Utf8Classes.h"
+#include "Support/CharacterClasses.h"
 #include "Support/TextUnits.h"
 
 #include <algorithm>

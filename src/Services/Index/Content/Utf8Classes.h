@@ -5,28 +5,40 @@
 
 namespace jotwell {
 
-// Characters of valid UTF-8 and the classes that the rules of notes speak of, with Unicode's
-// members. What is named after a class of regular expressions has the members that ICU gives it.
+// Characters of valid UTF-8, and runs of them by class.
 
 struct Utf8Character {
     char32_t code = 0;
     int length = 0; ///< bytes
 };
 
-/// The character that begins at `place`.
-[[nodiscard]] Utf8Character characterAt(const char* place);
-/// The character that ends at `place`; there has to be one.
-[[nodiscard]] Utf8Character characterBefore(const char* place);
+[[nodiscard]] inline bool isContinuationByte(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
 
-[[nodiscard]] bool isWord(char32_t code);  ///< \w
-[[nodiscard]] bool isSpace(char32_t code); ///< \s
-[[nodiscard]] bool isDigit(char32_t code); ///< \d
-/// U+000A to U+000D, U+0085, U+2028, U+2029.
-[[nodiscard]] bool isNewline(char32_t code);
-/// The category Zs and the tab: every space that ends no line.
-[[nodiscard]] bool isBlank(char32_t code);
-/// What parts words: every space but the tab.
-[[nodiscard]] bool isWhitespaceOrNewline(char32_t code);
+/// The character that begins at `place`.
+[[nodiscard]] inline Utf8Character characterAt(const char* place)
+{
+    const auto lead = static_cast<unsigned char>(*place);
+    const auto tail = [place](int index) { return static_cast<unsigned>(place[index]) & 0x3FU; };
+    if (lead < 0x80)
+        return {lead, 1};
+    if (lead < 0xE0)
+        return {(lead & 0x1FU) << 6 | tail(1), 2};
+    if (lead < 0xF0)
+        return {(lead & 0x0FU) << 12 | tail(1) << 6 | tail(2), 3};
+    return {(lead & 0x07U) << 18 | tail(1) << 12 | tail(2) << 6 | tail(3), 4};
+}
+
+/// The character that ends at `place`; there has to be one.
+[[nodiscard]] inline Utf8Character characterBefore(const char* place)
+{
+    do
+        --place;
+    while (isContinuationByte(*place));
+    return characterAt(place);
+}
 
 /// What a byte can mean where spaces and lines are looked for.
 enum class ByteKind : std::uint8_t {

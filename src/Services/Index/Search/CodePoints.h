@@ -1,34 +1,20 @@
 #pragma once
 
+#include "Services/Index/Content/Utf8Classes.h"
+
 #include <QByteArrayView>
 
 namespace jotwell {
 
-/// One character of a UTF-8 text and where the next one begins.
-struct CodePoint {
-    char32_t value = 0;
-    qsizetype end = 0;
-};
-
-[[nodiscard]] inline bool isContinuationByte(char byte)
-{
-    return (static_cast<uchar>(byte) & 0xC0) == 0x80;
-}
-
 /// The character that begins at `at`, a place within the text. Never reads beyond the text,
 /// whatever it holds. Any thread.
-[[nodiscard]] inline CodePoint codePointAt(QByteArrayView text, qsizetype at)
+[[nodiscard]] inline Utf8Character codePointAt(QByteArrayView text, qsizetype at)
 {
     const auto lead = static_cast<uchar>(text[at]);
-    if (lead < 0x80)
-        return {lead, at + 1};
-    const qsizetype length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    if (length > text.size() - at)
-        return {0xFFFD, text.size()};
-    char32_t value = lead & (0xFFU >> (length + 1));
-    for (qsizetype i = 1; i < length; ++i)
-        value = value << 6 | (static_cast<uchar>(text[at + i]) & 0x3F);
-    return {value, at + length};
+    const qsizetype left = text.size() - at;
+    if ((lead >= 0xF0 && left < 4) || (lead >= 0xE0 && left < 3) || (lead >= 0x80 && left < 2))
+        return {0xFFFD, static_cast<int>(left)};
+    return characterAt(text.data() + at);
 }
 
 /// Where the character begins that ends before `at`, a place behind the text's beginning.

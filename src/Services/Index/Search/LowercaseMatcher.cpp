@@ -57,8 +57,8 @@ bool LowercaseMatcher::isAt(QByteArrayView text, qsizetype from) const
         return true;
     if (m_term.front() != combiningDotAbove)
         return false;
-    const CodePoint first = codePointAt(text, from);
-    return first.value == dottedCapitalI && isAt(text, first.end, 1);
+    const Utf8Character first = codePointAt(text, from);
+    return first.code == dottedCapitalI && isAt(text, from + first.length, 1);
 }
 
 // Whether the rest of the term, behind `matched` characters, is there.
@@ -67,13 +67,13 @@ bool LowercaseMatcher::isAt(QByteArrayView text, qsizetype from, std::size_t mat
     while (matched < m_term.size()) {
         if (from == text.size())
             return false;
-        const CodePoint next = codePointAt(text, from);
-        const LowercaseForm form = lowercaseForm(next.value);
+        const Utf8Character next = codePointAt(text, from);
+        const LowercaseForm form = lowercaseForm(next.code);
         if (form.first != m_term[matched++])
             return false;
         if (form.second != 0 && matched < m_term.size() && form.second != m_term[matched++])
             return false;
-        from = next.end;
+        from += next.length;
     }
     return true;
 }

@@ -1,6 +1,6 @@
 #include "Services/Index/Search/SearchCache.h"
 
-#include "Services/Index/Search/WhitespaceSet.h"
+#include "Support/CharacterClasses.h"
 
 #include <algorithm>
 
@@ -20,7 +20,7 @@ bool CachedSearchResult::isExpired(Clock::TimePoint now) const
 QString searchCacheKey(const QString& query)
 {
     const QString lower = query.toLower();
-    const auto isTrimmed = [](QChar unit) { return isInWhitespaceSet(unit.unicode()); };
+    const auto isTrimmed = [](QChar unit) { return isWhitespaceOrNewline(unit.unicode()); };
     const auto begin = std::find_if_not(lower.begin(), lower.end(), isTrimmed);
     const auto end = std::find_if_not(lower.rbegin(), lower.rend(), isTrimmed).base();
     return begin < end ? QString(begin, end - begin) : QString();

@@ -2,7 +2,7 @@
 
 #include "Services/Index/Search/CodePoints.h"
 #include "Services/Index/Search/SearchQuery.h"
-#include "Services/Index/Search/WhitespaceSet.h"
+#include "Support/CharacterClasses.h"
 #include "Support/TextUnits.h"
 
 #include <algorithm>
@@ -17,14 +17,16 @@ constexpr qsizetype mostCharacters = 200;
 QByteArrayView trimmed(QByteArrayView text)
 {
     qsizetype begin = 0;
-    for (; begin < text.size(); begin = codePointAt(text, begin).end) {
-        if (!isInWhitespaceSet(codePointAt(text, begin).value))
+    while (begin < text.size()) {
+        const Utf8Character first = codePointAt(text, begin);
+        if (!isWhitespaceOrNewline(first.code))
             break;
+        begin += first.length;
     }
     qsizetype end = text.size();
     while (end > begin) {
         const qsizetype last = codePointBefore(text, end);
-        if (!isInWhitespaceSet(codePointAt(text, last).value))
+        if (!isWhitespaceOrNewline(codePointAt(text, last).code))
             break;
         end = last;
     }

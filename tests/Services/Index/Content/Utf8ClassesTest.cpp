@@ -1,10 +1,9 @@
 #include "Services/Index/Content/Utf8Classes.h"
 
 #include "QtPrinters.h"
-#include "Services/ContentReference.h"
+#include "Support/CharacterClasses.h"
 
-#include <unicode/regex.h>
-#include <unicode/unistr.h>
+#include <QChar>
 
 #include <gtest/gtest.h>
 
@@ -33,59 +32,6 @@ void forEveryCharacter(Check check)
         if (!isSurrogate(code))
             check(code);
     }
-}
-
-// What ICU itself says, one character at a time.
-void expectClass(const char16_t* pattern, bool (*isMember)(char32_t))
-{
-    UErrorCode status = U_ZERO_ERROR;
-    icu::RegexMatcher matcher(icu::UnicodeString(pattern), 0, status);
-    forEveryCharacter([&](char32_t code) {
-        const icu::UnicodeString text(static_cast<UChar32>(code));
-        matcher.reset(text);
-        ASSERT_EQ(isMember(code), static_cast<bool>(matcher.matches(status)))
-            << std::hex << static_cast<unsigned>(code);
-    });
-    EXPECT_TRUE(U_SUCCESS(status));
-}
-
-void expectSet(bool (*isMember)(char32_t), bool (*isOfSet)(QChar))
-{
-    forEveryCharacter([&](char32_t code) {
-        const bool expected = code <= 0xFFFF && isOfSet(QChar(static_cast<char16_t>(code)));
-        ASSERT_EQ(isMember(code), expected) << std::hex << static_cast<unsigned>(code);
-    });
-}
-
-TEST(Utf8Classes, WordsAreThoseOfThePatterns)
-{
-    expectClass(u"\\w", isWord);
-}
-
-TEST(Utf8Classes, SpacesAreThoseOfThePatterns)
-{
-    expectClass(u"\\s", isSpace);
-}
-
-TEST(Utf8Classes, DigitsAreThoseOfThePatterns)
-{
-    expectClass(u"\\d", isDigit);
-}
-
-TEST(Utf8Classes, SetsHaveTheirMembers)
-{
-    expectSet(isNewline, reference::isOfNewlineSet);
-    expectSet(isBlank, reference::isOfBlankSet);
-    expectSet(isWhitespaceOrNewline, reference::isOfWhitespaceSet);
-}
-
-// The rules for lines, and the counting of words on one line, rest on this.
-TEST(Utf8Classes, SpacesAreBlanksAndNewlines)
-{
-    forEveryCharacter([](char32_t code) {
-        ASSERT_EQ(isSpace(code), isBlank(code) || isNewline(code)) << static_cast<unsigned>(code);
-        ASSERT_EQ(isSpace(code), isWhitespaceOrNewline(code) || code == '\t');
-    });
 }
 
 TEST(Utf8Classes, CharactersAreReadFromBothSides)
