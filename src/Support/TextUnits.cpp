@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <numeric>
 
 namespace jotwell {
 
@@ -70,6 +71,23 @@ QStringView firstCharacters(QStringView text, qsizetype count)
     for (; boundaries && count > 0 && end < text.size(); --count)
         end = ubrk_next(boundaries.get());
     return text.first(end);
+}
+
+std::vector<qsizetype> characterBoundaries(QStringView text)
+{
+    std::vector<qsizetype> places(static_cast<std::size_t>(text.size() + 1));
+    std::iota(places.begin(), places.end(), 0);
+    if (isOneCharacterPerUnit(text))
+        return places;
+    const Boundaries boundaries = boundariesOf(text);
+    if (!boundaries)
+        return places;
+    auto last = places.begin();
+    for (int32_t next = ubrk_next(boundaries.get()); next != UBRK_DONE;
+         next = ubrk_next(boundaries.get()))
+        *++last = next;
+    places.erase(last + 1, places.end());
+    return places;
 }
 
 bool isWhitespace(QChar unit)

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <vector>
+
 namespace jotwell {
 
 /// A stretch of a text: location and length in UTF-16 units.
@@ -24,6 +26,8 @@ struct TextRange {
 [[nodiscard]] qsizetype characterCount(QStringView text);
 /// The first `count` characters; all of a text that has no more.
 [[nodiscard]] QStringView firstCharacters(QStringView text, qsizetype count);
+/// Where each character begins, in UTF-16 units, and the end of the text.
+[[nodiscard]] std::vector<qsizetype> characterBoundaries(QStringView text);
 
 /// Blanks, tabs and the other spaces of Unicode, without line ends.
 [[nodiscard]] bool isWhitespace(QChar unit);

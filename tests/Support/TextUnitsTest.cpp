@@ -64,6 +64,15 @@ TEST(TextUnits, TheFirstCharactersAreWhole)
     EXPECT_EQ(firstCharacters(u"a\u0308\u0308\u0308", 2), u"a\u0308\u0308\u0308");
 }
 
+TEST(TextUnits, BoundariesAreThoseOfTheCharactersAndTheEnd)
+{
+    using Places = std::vector<qsizetype>;
+    EXPECT_EQ(characterBoundaries(u""), Places({0}));
+    EXPECT_EQ(characterBoundaries(u"ab"), Places({0, 1, 2}));
+    EXPECT_EQ(characterBoundaries(u"\r\na\u0308"), Places({0, 2, 4}));
+    EXPECT_EQ(characterBoundaries(u"x\U0001F600y"), Places({0, 1, 3, 4}));
+}
+
 TEST(TextUnits, WhitespaceHasNoLineEnds)
 {
     for (const char16_t space : {u' ', u'\t', u'\u00a0', u'\u2003', u'\u202f', u'\u3000'})
