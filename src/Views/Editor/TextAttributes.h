@@ -2,9 +2,8 @@
 
 #include "Support/TextUnits.h"
 
-#include <QStringView>
+#include <QtGlobal>
 
-#include <vector>
 
 namespace jotwell {
 
