@@ -1,35 +1,17 @@
 #include "Support/TextUnits.h"
 
-#include <unicode/ubrk.h>
+#include "Support/CharacterClasses.h"
+#include "Support/CharacterWalk.h"
+
 #include <unicode/ustring.h>
 
 #include <QStringDecoder>
 
 #include <algorithm>
-#include <memory>
-#include <numeric>
 
 namespace jotwell {
 
 namespace {
-
-// Below U+0300 every unit is a character of its own, but for CR LF.
-bool isOneCharacterPerUnit(QStringView text)
-{
-    return std::all_of(text.begin(), text.end(),
-                       [](QChar unit) { return unit.unicode() < 0x300 && unit != u'\r'; });
-}
-
-using Boundaries = std::unique_ptr<UBreakIterator, decltype(&ubrk_close)>;
-
-Boundaries boundariesOf(QStringView text)
-{
-    UErrorCode status = U_ZERO_ERROR;
-    UBreakIterator* const boundaries =
-        ubrk_open(UBRK_CHARACTER, "", reinterpret_cast<const UChar*>(text.utf16()),
-                  static_cast<int32_t>(text.size()), &status);
-    return {U_FAILURE(status) ? nullptr : boundaries, &ubrk_close};
-}
 
 template <typename Predicate>
 QString trimmed(QStringView text, Predicate isTrimmed)
@@ -50,65 +32,39 @@ qsizetype utf16Length(QStringView text)
 
 qsizetype characterCount(QStringView text)
 {
-    if (isOneCharacterPerUnit(text))
-        return text.size();
-    const Boundaries boundaries = boundariesOf(text);
-    if (!boundaries)
-        return text.size();
-    qsizetype count = 0;
-    while (ubrk_next(boundaries.get()) != UBRK_DONE)
-        ++count;
-    return count;
+    return walkCharacters(text).count;
 }
 
 QStringView firstCharacters(QStringView text, qsizetype count)
 {
-    // One unit more: it may belong to the last character.
-    if (text.size() <= count || isOneCharacterPerUnit(text.first(count + 1)))
-        return text.first(std::min(text.size(), count));
-    const Boundaries boundaries = boundariesOf(text);
-    qsizetype end = boundaries ? 0 : count;
-    for (; boundaries && count > 0 && end < text.size(); --count)
-        end = ubrk_next(boundaries.get());
-    return text.first(end);
+    return text.first(walkCharacters(text, count).end);
 }
 
 std::vector<qsizetype> characterBoundaries(QStringView text)
 {
-    std::vector<qsizetype> places(static_cast<std::size_t>(text.size() + 1));
-    std::iota(places.begin(), places.end(), 0);
-    if (isOneCharacterPerUnit(text))
-        return places;
-    const Boundaries boundaries = boundariesOf(text);
-    if (!boundaries)
-        return places;
-    auto last = places.begin();
-    for (int32_t next = ubrk_next(boundaries.get()); next != UBRK_DONE;
-         next = ubrk_next(boundaries.get()))
-        *++last = next;
-    places.erase(last + 1, places.end());
-    return places;
+    std::vector<qsizetype> boundaries = characterBegins(text);
+    boundaries.push_back(text.size());
+    return boundaries;
 }
 
 bool isWhitespace(QChar unit)
 {
-    return unit == u'\t' || unit.category() == QChar::Separator_Space;
+    return isBlank(unit.unicode());
 }
 
 bool isNewline(QChar unit)
 {
-    const char16_t code = unit.unicode();
-    return (code >= 0x0A && code <= 0x0D) || code == 0x85 || code == 0x2028 || code == 0x2029;
+    return isNewline(char32_t(unit.unicode()));
 }
 
 QString trimmedWhitespace(QStringView text)
 {
-    return trimmed(text, isWhitespace);
+    return trimmed(text, [](QChar unit) { return isWhitespace(unit); });
 }
 
 QString trimmedWhitespaceAndNewlines(QStringView text)
 {
-    return trimmed(text, [](QChar unit) { return isWhitespace(unit) || isNewline(unit); });
+    return trimmed(text, [](QChar unit) { return isSpace(unit.unicode()); });
 }
 
 QString textFromUtf8(QByteArrayView utf8)
@@ -119,7 +75,8 @@ QString textFromUtf8(QByteArrayView utf8)
 
 QStringView firstLine(QStringView text)
 {
-    const auto end = std::find_if(text.begin(), text.end(), isNewline);
+    const auto end =
+        std::find_if(text.begin(), text.end(), [](QChar unit) { return isNewline(unit); });
     return text.first(end - text.begin());
 }
 

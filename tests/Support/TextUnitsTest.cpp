@@ -40,16 +40,6 @@ TEST_P(TextUnitsCount, CountsBothWays)
 INSTANTIATE_TEST_SUITE_P(Rows, TextUnitsCount, testing::ValuesIn(countRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST(TextUnits, TheShortWayOfCountingAgreesWithTheLongOne)
-{
-    // One mark at the end sends the whole text the long way.
-    const QString mark = u"x\u0308"_qs;
-    for (char16_t code = 0; code < 0x300; ++code) {
-        const QString pair = QString(QChar(code)) + QChar(u'a');
-        EXPECT_EQ(characterCount(pair) + 1, characterCount(pair + mark)) << int(code);
-    }
-}
-
 TEST(TextUnits, TheFirstCharactersAreWhole)
 {
     EXPECT_EQ(firstCharacters(u"abc", 2), u"ab");
