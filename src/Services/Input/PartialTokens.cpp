@@ -1,0 +1,141 @@
+#include "Services/Input/PartialTokens.h"
+
+#include "Support/CharacterClasses.h"
+#include "Support/TextUnits.h"
+
+#include <algorithm>
+#include <span>
+#include <vector>
+
+namespace jotwell {
+
+namespace {
+
+bool partsWords(QChar unit)
+{
+    return isWhitespace(unit) || isNewline(unit);
+}
+
+bool isSpaceAt(QStringView text, qsizetype place)
+{
+    return isSpace(codePointAt(text, place).value);
+}
+
+QStringView withoutNewlinesBehind(QStringView text)
+{
+    while (!text.isEmpty() && isNewline(text.back()))
+        text.chop(1);
+    return text;
+}
+
+// ^\$[\w\s-]+\s+\S
+bool isFinishedParameter(QStringView parameter)
+{
+    bool isBehindSpace = false;
+    for (qsizetype place = 1; place < parameter.size();) {
+        const CodePoint each = codePointAt(parameter, place);
+        const bool isSpaceHere = isSpace(each.value);
+        if (isBehindSpace && !isSpaceHere)
+            return true;
+        if (!isSpaceHere && !isWord(each.value) && each.value != '-')
+            return false;
+        isBehindSpace = isSpaceHere && place > 1;
+        place += each.length;
+    }
+    return false;
+}
+
+// ^#[\w-]+[\s,\.!?]
+bool isFinishedTag(QStringView tag)
+{
+    for (qsizetype place = 1; place < tag.size();) {
+        const CodePoint each = codePointAt(tag, place);
+        if (!isWord(each.value) && each.value != '-')
+            return place > 1 && (isSpace(each.value) || QStringView(u",.!?").contains(tag[place]));
+        place += each.length;
+    }
+    return false;
+}
+
+// Names by their lengths, so that a place in a text asks only for those that could end there.
+class NamesByLength {
+public:
+    explicit NamesByLength(const QStringList& names) : m_names(names.begin(), names.end())
+    {
+        std::sort(m_names.begin(), m_names.end(),
+                  [](QStringView left, QStringView right) { return left.size() < right.size(); });
+        for (auto first = m_names.begin(); first != m_names.end();) {
+            const auto last = std::find_if(first, m_names.end(), [first](QStringView each) {
+                return each.size() != first->size();
+            });
+            m_groups.emplace_back(first, last);
+            first = last;
+        }
+    }
+
+    /// Whether the text begins with a name, and white space or nothing behind it.
+    [[nodiscard]] bool anyBegins(QStringView text) const
+    {
+        for (const auto& group : m_groups) {
+            const qsizetype length = group.front().size();
+            if (length > text.size())
+                return false;
+            const bool mayEnd = length == text.size() || isSpaceAt(text, length);
+            if (mayEnd && std::ranges::find(group, text.first(length)) != group.end())
+                return true;
+        }
+        return false;
+    }
+
+private:
+    std::vector<QStringView> m_names;
+    std::vector<std::span<const QStringView>> m_groups; ///< of one length each
+};
+
+} // namespace
+
+QString currentCommandInput(QStringView text)
+{
+    qsizetype start = text.size();
+    while (start > 0 && !partsWords(text[start - 1]))
+        --start;
+    const QStringView word = text.sliced(start);
+    return word.startsWith(u'/') ? word.toString() : QString();
+}
+
+std::optional<QString> currentParameterInput(QStringView text)
+{
+    const qsizetype position = text.lastIndexOf(u'$');
+    if (position < 0)
+        return std::nullopt;
+    const QStringView rest = text.sliced(position);
+    if (isFinishedParameter(withoutNewlinesBehind(rest)))
+        return std::nullopt;
+    return rest.toString();
+}
+
+std::optional<QString> currentHashtagInput(QStringView text)
+{
+    const qsizetype position = text.lastIndexOf(u'#');
+    if (position < 0 || (position > 0 && !isSpaceAt(text, position - 1)))
+        return std::nullopt;
+    const QStringView rest = text.sliced(position);
+    if (isFinishedTag(withoutNewlinesBehind(rest)))
+        return std::nullopt;
+    return rest.toString();
+}
+
+bool hasExistingParameter(QStringView text, const QStringList& names)
+{
+    qsizetype position = text.indexOf(u'$');
+    if (position < 0)
+        return false;
+    const NamesByLength sorted(names);
+    for (; position >= 0; position = text.indexOf(u'$', position + 1)) {
+        if (sorted.anyBegins(text.sliced(position + 1)))
+            return true;
+    }
+    return false;
+}
+
+} // namespace jotwell
