@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Views/Editor/PrefixIndex.h"
+
 #include <QStringList>
 #include <QStringView>
 
@@ -8,18 +10,27 @@
 
 namespace jotwell {
 
-/// The names that may stand behind a "$", made ready to be looked for many times. Any thread.
+/// The names that may stand behind a "$", made ready to be looked for many times. Any thread, one
+/// at a time.
 class ParameterNames {
 public:
-    explicit ParameterNames(const QStringList& names);
+    /// Names with more than `longest` UTF-16 units will not be asked for.
+    ParameterNames(const QStringList& names, qsizetype longest);
 
     /// The length in UTF-16 units of the first name, in the order of the list, with which `text`
-    /// begins. A name that has more units than characters is never found.
-    [[nodiscard]] std::optional<qsizetype> lengthAtStart(QStringView text) const;
+    /// begins. A name with more units than characters is never found.
+    [[nodiscard]] std::optional<qsizetype> lengthAtStart(QStringView text);
 
 private:
-    QStringList m_names;
-    std::vector<char16_t> m_firstUnits; ///< of each name; of an empty one, 0
+    [[nodiscard]] std::optional<std::size_t> placeByTrial(QStringView text);
+    void makeIndex();
+
+    QStringList m_kept;                 ///< holds what the views are of
+    std::vector<QStringView> m_names;   ///< before the first empty one
+    std::vector<char16_t> m_firstUnits; ///< of each of them
+    bool m_hasEmptyName = false;        ///< which any text begins with
+    std::size_t m_trials = 0;
+    std::optional<PrefixIndex> m_index;
 };
 
 } // namespace jotwell

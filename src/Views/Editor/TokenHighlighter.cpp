@@ -50,7 +50,7 @@ std::vector<TextRange> parametersFrom(QStringView text, qsizetype from,
     for (qsizetype place = find(text, u'$', from); place + 1 < text.size();
          place = find(text, u'$', place + 1)) {
         if (!prepared)
-            prepared.emplace(names());
+            prepared.emplace(names(), text.size());
         if (const auto length = prepared->lengthAtStart(text.sliced(place + 1)))
             parameters.push_back({place, *length + 1});
     }
@@ -66,7 +66,7 @@ std::vector<TextRange> parametersOf(Command command, QStringView text, qsizetype
     return parametersFrom(text.first(limit), *from, names);
 }
 
-// One parameter may stand within another, where names hold a "$"; nothing is drawn twice.
+// One parameter may stand within another where names hold a "$"; nothing is drawn twice.
 void styleParameters(AttributedText& to, const std::vector<TextRange>& parameters)
 {
     qsizetype styled = 0;
