@@ -112,8 +112,8 @@ void SettingsService::setOnboardingCompleted(bool completed)
 ObsidianTemplates SettingsService::obsidianTemplates() const
 {
     if (const auto stored = m_defaults.data(Key::obsidianTemplates)) {
-        if (const auto templates = decodeTemplates(*stored))
-            return *templates;
+        if (auto templates = m_decodedTemplates.of(*stored))
+            return *std::move(templates);
     }
     return {ObsidianTemplate::defaultTemplate(), ObsidianTemplate::meetingTemplate(),
             ObsidianTemplate::dailyTemplate()};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Models/ObsidianTemplate.h"
+#include "Services/DecodedTemplates.h"
 
 #include <QHash>
 #include <QString>
@@ -12,9 +13,9 @@ namespace jotwell {
 
 class DefaultsStore;
 
-/// Typed access to the persistent settings. Holds nothing itself: every read and write goes to the
-/// defaults store, and a value that is missing or broken reads as its default, which isn't written
-/// back. Any thread.
+/// Typed access to the persistent settings. Holds no setting itself: every read and write goes to
+/// the defaults store, and a value that is missing or broken reads as its default, which isn't
+/// written back. Any thread.
 class SettingsService {
 public:
     using TemplateSource = std::function<ObsidianTemplates()>;
@@ -71,6 +72,7 @@ private:
 
     DefaultsStore& m_defaults;
     TemplateSource m_syncedTemplates;
+    mutable DecodedTemplates m_decodedTemplates;
 };
 
 } // namespace jotwell

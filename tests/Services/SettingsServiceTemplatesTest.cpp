@@ -99,6 +99,26 @@ TEST_F(TemplateSettings, SyncedTemplateThatSomethingElseStoredIsRead)
     EXPECT_EQ(m_settings.obsidianTemplates(), stored);
 }
 
+TEST_F(TemplateSettings, WhatSomethingElseStoresIsReadAtOnce)
+{
+    m_settings.setObsidianTemplates({templateNamed(u"a"_qs)});
+    EXPECT_EQ(m_settings.obsidianTemplates().first().name, u"a"_qs);
+    m_defaults.setData(u"ObsidianTemplates"_qs, encodeTemplates({templateNamed(u"b"_qs)}));
+    EXPECT_EQ(m_settings.obsidianTemplates().first().name, u"b"_qs);
+    m_defaults.setData(u"ObsidianTemplates"_qs, "no JSON");
+    EXPECT_EQ(m_settings.obsidianTemplates(), builtIns());
+    m_defaults.remove(u"ObsidianTemplates"_qs);
+    EXPECT_EQ(m_settings.obsidianTemplates(), builtIns());
+}
+
+TEST_F(TemplateSettings, TemplatesAreDecodedOnce)
+{
+    m_settings.setObsidianTemplates({templateNamed(u"a"_qs)});
+    const ObsidianTemplates first = m_settings.obsidianTemplates();
+    const ObsidianTemplates second = m_settings.obsidianTemplates();
+    EXPECT_EQ(first.constData(), second.constData());
+}
+
 TEST_F(TemplateSettings, AllTemplatesAreTheRegularOnesAndThenTheSynced)
 {
     const ObsidianTemplates regular{templateNamed(u"b"_qs), templateNamed(u"a"_qs)};
