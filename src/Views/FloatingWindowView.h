@@ -1,7 +1,8 @@
 #pragma once
 
 #include "Services/CommandTemplateManager.h"
-#include "Views/CustomTextEditor.h"
+#include "Views/DropdownModel.h"
+#include "Views/Editor/CustomTextEditor.h"
 #include "Views/ToastContainerView.h"
 
 #include <QObject>
@@ -28,7 +29,9 @@ class FloatingWindowView : public QObject {
     Q_PROPERTY(bool showAccentBackground READ showAccentBackground NOTIFY flashChanged)
     Q_PROPERTY(bool showErrorBorder READ showErrorBorder NOTIFY flashChanged)
     Q_PROPERTY(bool showErrorBackground READ showErrorBackground NOTIFY flashChanged)
-    Q_PROPERTY(int dynamicHeight READ dynamicHeight CONSTANT)
+    Q_PROPERTY(jotwell::DropdownModel* dropdown READ dropdown CONSTANT)
+    Q_PROPERTY(bool showDropdown READ showDropdown NOTIFY showDropdownChanged)
+    Q_PROPERTY(int dynamicHeight READ dynamicHeight NOTIFY showDropdownChanged)
 
 public:
     FloatingWindowView(const InputServices& services, ToastManager& toastManager,
@@ -36,6 +39,7 @@ public:
 
     [[nodiscard]] CommandTemplateState& commandTemplateState() { return m_commandTemplateState; }
     [[nodiscard]] CustomTextEditor* editor() { return &m_editor; }
+    [[nodiscard]] DropdownModel* dropdown() { return &m_dropdown; }
     [[nodiscard]] ToastContainerView* toasts() { return &m_toasts; }
 
     [[nodiscard]] bool isFocused() const { return m_isFocused; }
@@ -47,19 +51,25 @@ public:
 
     /// The card's height for what it shows.
     [[nodiscard]] static int dynamicHeight(bool showDropdown, bool showSearchResults);
-    [[nodiscard]] int dynamicHeight() const { return dynamicHeight(false, false); }
+    [[nodiscard]] int dynamicHeight() const { return dynamicHeight(showDropdown(), false); }
+    [[nodiscard]] bool showDropdown() const { return m_commandTemplateState.fields().showDropdown; }
 
     /// The window is on the screen for the first time.
     void appear();
     /// Runs the command in the text and shows how it went.
     void handleCommandEnter();
+    /// The user clicked beside the dropdown.
+    Q_INVOKABLE void closeDropdowns() { m_commandTemplateState.closeDropdowns(); }
 
 signals:
     void isFocusedChanged();
+    void showDropdownChanged();
     void springScaleChanged();
     void flashChanged();
 
 private:
+    [[nodiscard]] CustomTextEditorBindings editorBindings();
+    void stateChanged(CommandTemplateField field);
     void setSpringScale(double scale);
     void flash(bool success);
     void showAccent(bool show);
@@ -68,6 +78,7 @@ private:
     Scheduler& m_scheduler;
     CommandTemplateState m_commandTemplateState;
     CustomTextEditor m_editor;
+    DropdownModel m_dropdown;
     ToastContainerView m_toasts;
     bool m_isFocused = false;
     double m_springScale = 1.0;

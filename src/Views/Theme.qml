@@ -14,10 +14,16 @@ QtObject {
     readonly property color text: dark ? "#ffffff" : "#000000"
     readonly property color secondaryText: dark ? "#8cffffff" : "#80000000"
     readonly property color selectedTextBackground: dark ? "#3f638b" : "#b3d7ff"
+    readonly property color controlBackground: dark ? "#1e1e1e" : "#ffffff"
+    readonly property color separator: Qt.alpha(gray, 0.2)
+    readonly property color selectedRow: Qt.alpha(gray, 0.2)
+    readonly property color hoveredRow: Qt.alpha(gray, 0.1)
     readonly property color successFlash: Qt.rgba(0.9, 0.92, 0.98, 1)
     readonly property color errorFlash: Qt.rgba(0.98, 0.92, 0.92, 1)
     readonly property color red: dark ? "#ff453a" : "#ff3b30"
     readonly property color green: dark ? "#32d74b" : "#28cd41"
+    readonly property color systemBlue: dark ? "#0a84ff" : "#007aff"
+    readonly property color systemGreen: green
     readonly property color gray: dark ? "#98989d" : "#8e8e93"
     readonly property color white: "#ffffff"
 

@@ -21,7 +21,6 @@ TestCase {
         id: editorComponent
         CustomTextEditor {
             anchors.fill: parent
-            isFocused: true
         }
     }
 
@@ -31,7 +30,7 @@ TestCase {
 
     function init() {
         bench = benchComponent.createObject(testCase)
-        editor = editorComponent.createObject(testCase, { coordinator: bench.editor })
+        editor = editorComponent.createObject(testCase, { editor: bench.editor })
         area = findChild(editor, "textArea")
         area.forceActiveFocus()
         verify(area.activeFocus)
@@ -100,8 +99,8 @@ TestCase {
         keyClick(Qt.Key_Return, Qt.ControlModifier)
         tryCompare(area, "text", "")
         keySequence(StandardKey.Undo)
-        compare(area.text, "Call Ada /new_note")
-        compare(bench.text, "Call Ada /new_note")
+        compare(area.text, "Call Ada /new_note  $Default")
+        compare(bench.text, "Call Ada /new_note  $Default")
     }
 
     function test_composition_is_kept_and_not_sent() {
@@ -187,7 +186,8 @@ TestCase {
 
     function test_looks() {
         compare(area.font.pixelSize, 14)
-        compare(area.padding, 5)
+        for (const side of ["left", "top", "right", "bottom"])
+            compare(area[side + "Padding"], 5)
         compare(area.textFormat, TextEdit.PlainText)
         compare(area.Accessible.name, "Note editor")
     }

@@ -1,0 +1,86 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Jotwell
+
+// The capture window's field for plain text, with its tokens as chips.
+Flickable {
+    id: field
+
+    required property CustomTextEditorState editor
+
+    boundsBehavior: Flickable.StopAtBounds
+    flickableDirection: Flickable.VerticalFlick
+    clip: true
+
+    ScrollBar.vertical: ScrollBar { Accessible.ignored: true }
+
+    TextAreaEvents {
+        id: events
+
+        editor: field.editor
+        commandColor: Theme.systemBlue
+        parameterColor: Theme.systemGreen
+    }
+
+    TextArea.flickable: TextArea {
+        id: area
+
+        objectName: "textArea"
+        // Has the keyboard as soon as the window has it, so that no key is ever lost.
+        focus: true
+        textFormat: TextEdit.PlainText
+        wrapMode: field.editor.hasEndlessWord ? TextEdit.WrapAnywhere : TextEdit.Wrap
+        selectByMouse: true
+        persistentSelection: true
+        padding: 5
+        leftPadding: padding
+        rightPadding: padding
+        background: null
+        color: Theme.text
+        selectionColor: Theme.selectedTextBackground
+        selectedTextColor: Theme.text
+        font.pixelSize: Theme.editorFontSize
+        placeholderText: field.editor.placeholder
+        placeholderTextColor: Theme.secondaryText
+
+        Accessible.name: "Note editor"
+
+        Keys.priority: Keys.BeforeItem
+        Keys.onPressed: event => {
+            event.accepted = events.keyPressed(event.key, event.modifiers, event.isAutoRepeat)
+        }
+        onFocusChanged: if (!focus) events.editingEnded()
+        Component.onCompleted: events.attach(area)
+
+        // The tint of a chip is doubled: once under its text and once over it.
+        component Chips: ChipBackground {
+            y: field.contentY
+            width: area.width
+            height: field.height
+            editor: field.editor
+            commandColor: Theme.systemBlue
+            parameterColor: Theme.systemGreen
+        }
+
+        Chips {
+            objectName: "chipsUnderText"
+            z: -1
+        }
+        Chips {
+            objectName: "chipsOverText"
+            z: 1
+        }
+
+        MouseArea {
+            anchors.fill: parent
+            z: 2
+            hoverEnabled: true
+            acceptedButtons: Qt.LeftButton
+            cursorShape: events.isOverChip ? Qt.PointingHandCursor : Qt.IBeamCursor
+            onPressed: mouse => { mouse.accepted = events.mousePressed(Qt.point(mouse.x, mouse.y)) }
+            onPositionChanged: mouse => events.mouseMoved(Qt.point(mouse.x, mouse.y))
+            onEntered: events.mouseMoved(Qt.point(mouseX, mouseY))
+            onExited: events.mouseExited()
+        }
+    }
+}

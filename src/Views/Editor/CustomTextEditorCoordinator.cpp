@@ -1,0 +1,97 @@
+#include "Views/Editor/CustomTextEditorCoordinator.h"
+
+#include "Platform/Scheduler.h"
+#include "Views/Editor/EmojiRanges.h"
+#include "Views/Editor/MarkdownHighlighter.h"
+
+#include <QScopedValueRollback>
+
+#include <utility>
+
+namespace jotwell {
+
+namespace {
+
+template <typename... Arguments>
+bool isUsed(const std::function<bool(Arguments...)>& action, Arguments... arguments)
+{
+    return action && action(arguments...);
+}
+
+} // namespace
+
+CustomTextEditorCoordinator::CustomTextEditorCoordinator(const CustomTextEditorBindings& parent,
+                                                         RoundedBackgroundTextView& view,
+                                                         Scheduler& scheduler)
+    : m_parent(parent), m_view(view), m_scheduler(scheduler)
+{
+}
+
+void CustomTextEditorCoordinator::textDidChange()
+{
+    const QScopedValueRollback telling(m_isTelling, true);
+    m_parent.setText(m_view.string());
+    if (m_parent.onTextChange)
+        m_parent.onTextChange();
+}
+
+bool CustomTextEditorCoordinator::doCommandBy(QStringView selector,
+                                              const std::optional<CurrentEvent>& event)
+{
+    const bool hasCommand = event && event->hasCommand();
+    const bool isReturn =
+        event && event->type == CurrentEvent::keyDown && event->keyCode == CurrentEvent::returnKey;
+    if (hasCommand && (isReturn || selector == u"insertNewline:")) {
+        if (m_parent.onCommandEnter)
+            m_parent.onCommandEnter();
+        return true;
+    }
+    if (selector == u"deleteBackward:")
+        return handleCommandBackspace();
+    if (selector == u"insertNewline:")
+        return isUsed(m_parent.onEnterKey);
+    if (selector == u"moveUp:")
+        return isUsed(m_parent.onArrowKey, ArrowDirection::up);
+    if (selector == u"moveDown:")
+        return isUsed(m_parent.onArrowKey, ArrowDirection::down);
+    return selector == u"insertTab:" && isUsed(m_parent.onTabKey);
+}
+
+bool CustomTextEditorCoordinator::handleCommandBackspace()
+{
+    const TextRange selection = m_view.selectedRange();
+    if (selection.length != 0)
+        return false;
+    const QString& text = m_view.string();
+    const auto word = slashWordAt(text, characterCount(text), selection.location);
+    if (!word)
+        return false;
+    m_view.document().replaceCharacters(*word, QString());
+    m_view.setSelectedRange({word->location, 0});
+    textDidChange();
+    return true;
+}
+
+void CustomTextEditorCoordinator::highlightCommands()
+{
+    const QString& text = m_view.string();
+    const qsizetype count = characterCount(text);
+    AttributedText attributes(utf16Length(text));
+    MarkdownHighlighter::shared().applyMarkdownFontStyling(attributes, text, count);
+    m_found = highlightTokens(attributes, text, count, m_parent.tokenNames);
+    m_view.styles().apply(m_view.document(), attributes.runs(), emojiRanges(text));
+    // The views are not to see new chips in the midst of an update.
+    if (!std::exchange(m_storesChips, true))
+        m_scheduler.after({}, this, [this] { storeChips(); });
+}
+
+void CustomTextEditorCoordinator::storeChips()
+{
+    m_storesChips = false;
+    TokenRanges found = std::exchange(m_found, {});
+    m_view.updateCommandRanges(std::move(found.commands));
+    m_view.updateTemplateRanges(std::move(found.templates));
+    m_view.updateHashtagRanges(std::move(found.hashtags));
+}
+
+} // namespace jotwell
