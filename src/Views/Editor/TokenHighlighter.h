@@ -16,13 +16,14 @@ class AttributedText;
 /// The tokens of a text that are shown as chips, each kind in the order of the text.
 struct TokenRanges {
     std::vector<TextRange> commands;
-    std::vector<TextRange> templates; ///< and folders
+    std::vector<TextRange> templates; ///< and behind all of them the folders
     std::vector<TextRange> hashtags;
 
     bool operator==(const TokenRanges&) const = default;
 };
 
-/// The names that may stand behind a "$"; each list is asked for only if the text has a use for it.
+/// The names that may stand behind a "$", the first that fits winning; "All Folders" is one of the
+/// folders. Each list is asked for only if the text has a use for it.
 struct TokenNames {
     std::function<QStringList()> templates;
     std::function<QStringList()> folders;
