@@ -2,8 +2,6 @@
 
 #include "Support/TextUnits.h"
 
-#include <QtGlobal>
-
 
 namespace jotwell {
 
