@@ -2,7 +2,6 @@
 
 #include "Support/TextUnits.h"
 
-
 namespace jotwell {
 
 enum class FontFamily { system, monospaced };
