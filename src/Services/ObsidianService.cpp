@@ -80,7 +80,7 @@ bool isForText(const QString& query)
 ObsidianService::ObsidianService(const Platform& platform, SettingsService& settings,
                                  ToastManager& toasts, TagIndexService& tagIndex)
     : m_platform(platform), m_settings(settings), m_toasts(toasts), m_tagIndex(tagIndex),
-      m_files(platform.files)
+      m_files(platform.files), m_folders(platform.clock, platform.fileSystems)
 {
     QCoro::connect(initializeIndexIfNeeded(), &m_tagIndex, [] {});
 }
@@ -200,7 +200,7 @@ ObsidianService::getRecentNotesInTopFolder(std::optional<QString> folder)
 QStringList ObsidianService::listVaultFolders() const
 {
     const QString folder = m_settings.obsidianFolderPath();
-    return folder.isEmpty() ? QStringList() : topLevelFolders(folder);
+    return folder.isEmpty() ? QStringList() : m_folders.below(folder);
 }
 
 QCoro::Task<void> ObsidianService::openNoteInObsidian(NoteSearchResult note)

@@ -3,6 +3,7 @@
 #include "Models/NoteSearchResult.h"
 #include "Models/ObsidianTemplate.h"
 #include "Services/ObsidianError.h"
+#include "Services/TopLevelFolders.h"
 #include "Support/AtomicFile.h"
 #include "Support/Result.h"
 
@@ -59,7 +60,8 @@ public:
     /// a warning, for a folder that isn't there.
     QCoro::Task<Notes> getRecentNotesInTopFolder(std::optional<QString> folder);
 
-    /// Names of the vault's top-level folders, sorted by code point. Blocks; any thread.
+    /// Names of the vault's top-level folders, sorted by code point. Blocks for microseconds, and
+    /// for a listing when something has changed there; any thread.
     [[nodiscard]] QStringList listVaultFolders() const;
 
     /// Hands the note to Obsidian by its URL scheme.
@@ -73,6 +75,7 @@ private:
     ToastManager& m_toasts;
     TagIndexService& m_tagIndex;
     AtomicFile m_files;
+    mutable TopLevelFolders m_folders;
 };
 
 } // namespace jotwell

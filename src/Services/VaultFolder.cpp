@@ -1,9 +1,7 @@
 #include "Services/VaultFolder.h"
 
 #include "Support/FolderWalk.h"
-#include "Support/TextUnits.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -84,13 +82,6 @@ NoteSearchResults recentNotesBelow(const QString& folder, qsizetype count)
     for (const DatedNote& note : notes.takeSorted())
         recent.append(NoteSearchResult::forPath(QString::fromUtf8(note.path)));
     return recent;
-}
-
-QStringList topLevelFolders(const QString& folder)
-{
-    QStringList names = QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
-    std::sort(names.begin(), names.end(), precedesByCodePoint);
-    return names;
 }
 
 } // namespace jotwell

@@ -5,7 +5,6 @@
 #include "Support/Result.h"
 
 #include <QString>
-#include <QStringList>
 
 namespace jotwell {
 
@@ -17,9 +16,5 @@ namespace jotwell {
 /// The `count` notes below `folder` that changed last, newest first. Hidden files and folders don't
 /// count, and what can't be read is passed over.
 [[nodiscard]] NoteSearchResults recentNotesBelow(const QString& folder, qsizetype count);
-
-/// Names of the folders directly below `folder`, links to folders among them, sorted by code point;
-/// none if it can't be listed.
-[[nodiscard]] QStringList topLevelFolders(const QString& folder);
 
 } // namespace jotwell

@@ -170,6 +170,19 @@ TEST_F(ObsidianServiceTest, VaultFoldersAreListedSortedAndWithoutAllFolders)
     EXPECT_THAT(notes.listVaultFolders(), ElementsAre(u"A"_qs, u"a"_qs, u"b"_qs));
 }
 
+TEST_F(ObsidianServiceTest, VaultFoldersFollowTheSetting)
+{
+    edge.clock.set(std::chrono::system_clock::now() + std::chrono::hours(1)); // keeps listings
+    const ScratchFolder other;
+    vault.makeFolder(u"a"_qs);
+    other.makeFolder(u"b"_qs);
+    EXPECT_THAT(notes.listVaultFolders(), ElementsAre(u"a"_qs));
+    settings.setObsidianFolderPath(other.path());
+    EXPECT_THAT(notes.listVaultFolders(), ElementsAre(u"b"_qs));
+    settings.setObsidianFolderPath(std::nullopt);
+    EXPECT_THAT(notes.listVaultFolders(), IsEmpty());
+}
+
 struct UrlRow {
     const char* name;
     QString path;

@@ -193,43 +193,6 @@ TEST_F(VaultFolderTest, RecentNoteTellsNameAndPath)
     EXPECT_FALSE(notes.first().isFullTextResult);
 }
 
-TEST_F(VaultFolderTest, FoldersAreSortedByCodePoint)
-{
-    const QStringList sorted{u"A"_qs, u"B"_qs,      u"a"_qs,         u"b"_qs,
-                             u"ä"_qs, u"\uffee"_qs, u"\U0001F4C1"_qs};
-    for (const QString& name : {sorted.at(3), sorted.at(6), sorted.at(0), sorted.at(5),
-                                sorted.at(4), sorted.at(2), sorted.at(1)})
-        m_vault.makeFolder(name);
-    EXPECT_EQ(topLevelFolders(m_vault.path()), sorted);
-}
-
-TEST_F(VaultFolderTest, OnlyVisibleFoldersOfTheTopLevelAreListed)
-{
-    m_vault.makeFolder(u"Inbox/below"_qs);
-    m_vault.makeFolder(u".obsidian"_qs);
-    m_vault.makeFolder(u"folder.md"_qs);
-    m_vault.put(u"note.md"_qs);
-    m_vault.makeFifo(u"fifo"_qs);
-    EXPECT_THAT(topLevelFolders(m_vault.path()), ElementsAre(u"Inbox"_qs, u"folder.md"_qs));
-}
-
-TEST_F(VaultFolderTest, LinksToFoldersAreListed)
-{
-    m_vault.makeFolder(u"real"_qs);
-    m_vault.put(u"note.md"_qs);
-    m_vault.makeLink(u"toFolder"_qs, m_vault.pathOf(u"real"_qs));
-    m_vault.makeLink(u"toNote"_qs, m_vault.pathOf(u"note.md"_qs));
-    m_vault.makeLink(u"dangling"_qs, m_vault.pathOf(u"gone"_qs));
-    EXPECT_THAT(topLevelFolders(m_vault.path()), ElementsAre(u"real"_qs, u"toFolder"_qs));
-}
-
-TEST_F(VaultFolderTest, WhatCannotBeListedHasNoFolders)
-{
-    m_vault.put(u"file"_qs);
-    EXPECT_THAT(topLevelFolders(m_vault.pathOf(u"gone"_qs)), IsEmpty());
-    EXPECT_THAT(topLevelFolders(m_vault.pathOf(u"file"_qs)), IsEmpty());
-}
-
 } // namespace
 
 } // namespace jotwell
