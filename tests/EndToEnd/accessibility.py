@@ -13,7 +13,59 @@ BUS_SERVICES = [Path("/usr/share/dbus-1/services/org.a11y.Bus.service")]
 ENVIRONMENT = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
 
 _ACCESSIBLE = "org.a11y.atspi.Accessible"
+_COMPONENT = "org.a11y.atspi.Component"
 _TEXT = "org.a11y.atspi.Text"
+_ON_SCREEN = dbus.UInt32(0)
+_SELECTED = 1 << 23
+_SHOWING = 1 << 25
+
+
+class Item:
+    """One of the things that a screen reader tells of. Each question asks anew."""
+
+    def __init__(self, bus, owner, path):
+        self._bus = bus
+        self._object = bus.get_object(owner, path, introspect=False)
+
+    def name(self):
+        return str(self._property(_ACCESSIBLE, "Name"))
+
+    def has_text(self):
+        return _TEXT in self._object.GetInterfaces(dbus_interface=_ACCESSIBLE)
+
+    def text(self):
+        """Its text, with the ends of paragraphs as newlines."""
+        return str(self._object.GetText(0, -1, dbus_interface=_TEXT)).replace("\u2029", "\n")
+
+    def cursor(self):
+        """Where it stands in the text, in UTF-16 units."""
+        return int(self._property(_TEXT, "CaretOffset"))
+
+    def is_selected(self):
+        return self._has_state(_SELECTED)
+
+    def is_showing(self):
+        return self._has_state(_SHOWING)
+
+    def place(self):
+        """Its rectangle on the screen: x, y, width and height."""
+        return tuple(map(int, self._object.GetExtents(_ON_SCREEN, dbus_interface=_COMPONENT)))
+
+    def children(self):
+        return [Item(self._bus, owner, path)
+                for owner, path in self._object.GetChildren(dbus_interface=_ACCESSIBLE)]
+
+    def with_all_below(self):
+        """It, and all below it in the order of the tree."""
+        yield self
+        for child in self.children():
+            yield from child.with_all_below()
+
+    def _has_state(self, bit):
+        return bool(self._object.GetState(dbus_interface=_ACCESSIBLE)[0] & bit)
+
+    def _property(self, interface, name):
+        return self._object.Get(interface, name, dbus_interface=dbus.PROPERTIES_IFACE)
 
 
 class ScreenReader:
@@ -25,17 +77,26 @@ class ScreenReader:
 
     def texts(self):
         """Every name and every text there is to read, in the order of the tree."""
-        root = "org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root"
+        return self.ask(lambda: list(filter(None, self._texts())))
 
-        def read():
-            with contextlib.suppress(dbus.DBusException):  # something went while it was asked
-                return [text for text in self._texts_below(*root) if text]
-        return wait_until(read, "something to read")
+    def item(self, name):
+        """The first of that name, none if there is none."""
+        return self.ask(lambda: next(
+            (item for item in self._root().with_all_below() if item.name() == name), None))
 
-    def _texts_below(self, owner, path):
-        item = self._bus.get_object(owner, path, introspect=False)
-        yield str(item.Get(_ACCESSIBLE, "Name", dbus_interface=dbus.PROPERTIES_IFACE))
-        if _TEXT in item.GetInterfaces(dbus_interface=_ACCESSIBLE):
-            yield str(item.GetText(0, -1, dbus_interface=_TEXT))
-        for child_owner, child_path in item.GetChildren(dbus_interface=_ACCESSIBLE):
-            yield from self._texts_below(child_owner, child_path)
+    def ask(self, question):
+        """The answer, asked again if something went while it was asked."""
+        def answer():
+            with contextlib.suppress(dbus.DBusException):
+                return (question(),)
+        [answered] = wait_until(answer, "something to read")
+        return answered
+
+    def _root(self):
+        return Item(self._bus, "org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
+
+    def _texts(self):
+        for item in self._root().with_all_below():
+            yield item.name()
+            if item.has_text():
+                yield item.text()

@@ -20,7 +20,10 @@ class Capture(unittest.TestCase):
             desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
             desktop.start_program(clock=CLOCK, **AMERICAN)
             desktop.wait_for_window()
-            desktop.type_text("Call Ada about the garden /new_note  $Daily Note")
+            desktop.type_text("Call Ada about the garden /new_note")
+            desktop.press(*["BackSpace"] * len("Default"))
+            desktop.type_text("Da")
+            desktop.press("Return")
             desktop.press("ctrl+Return")
             thought = "Call Ada about the garden"
             self.check_only_note(desktop, thought, daily_note(thought, thought, CLOCK_IN_TEXT))

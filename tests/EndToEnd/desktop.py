@@ -11,6 +11,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
+import pointer
 from processes import PATIENCE, Process, running_processes, wait_until
 
 # No folder of services: those of this machine must not answer on a private desktop. What a test
@@ -151,15 +152,31 @@ class Desktop:
 
     def share_of(self, is_wanted):
         """How much of the screen, from 0 to 1, has a wanted colour, asked as (red, green, blue)."""
-        shot = subprocess.run(
-            ["import", "-window", "root", "-depth", "8", "rgb:-"],
-            env=self.environment, capture_output=True, timeout=PATIENCE, check=True).stdout
+        shot = self._shot()
         pixels = [tuple(shot[i:i + 3]) for i in range(0, len(shot), 3 * 17)]  # one in 17 will do
         return sum(map(is_wanted, pixels)) / len(pixels)
+
+    def places_of(self, is_wanted, area):
+        """The places on the screen of a wanted colour, in an area of x, y, width and height."""
+        left, top, width, height = area
+        shot = self._shot("-crop", f"{width}x{height}+{left}+{top}")
+        pixels = zip(shot[::3], shot[1::3], shot[2::3])
+        return [(left + at % width, top + at // width)
+                for at, pixel in enumerate(pixels) if is_wanted(pixel)]
+
+    def pointer_shape(self):
+        """What the pointer looks like: its size, hot spot and pixels."""
+        return pointer.shape(self.environment["DISPLAY"])
 
     def wait_for_banner(self, is_its_colour):
         """Waits for a toast of that colour, which takes a thirtieth of the screen or more."""
         wait_until(lambda: self.share_of(is_its_colour) > 0.03, "the banner of a toast")
+
+    def _shot(self, *options):
+        """The screen by rows: a byte each for red, green and blue."""
+        return subprocess.run(
+            ["import", "-window", "root", *options, "-depth", "8", "rgb:-"],
+            env=self.environment, capture_output=True, timeout=PATIENCE, check=True).stdout
 
     # How it comes and goes
 

@@ -10,6 +10,7 @@ from desktop import Desktop, is_green, is_red
 from processes import wait_until
 
 THOUGHT = "Water the tomatoes"
+TEXT = f"{THOUGHT} /new_note  $Default "  # what the program makes of it
 
 
 class Sending(unittest.TestCase):
@@ -30,14 +31,14 @@ class Sending(unittest.TestCase):
         desktop.wait_for_banner(colour)
 
     def check_text_is_there(self):
-        self.assertIn(f"{THOUGHT} /new_note ", self.reader.texts())
+        self.assertIn(TEXT, self.reader.texts())
 
     def check_second_try(self, desktop):
         self.send(desktop, "Note created successfully!", is_green)
         [note] = [path for path in desktop.notes() if path.suffix == ".md"]
         self.assertTrue(note.name.startswith(f"{THOUGHT} - "), note.name)
         self.assertIn(f"# {THOUGHT}\n\n{THOUGHT}\n\n---\nCreated: ", note.read_text())
-        wait_until(lambda: f"{THOUGHT} /new_note " not in self.reader.texts(), "an empty editor")
+        wait_until(lambda: TEXT not in self.reader.texts(), "an empty editor")
 
 
 class VaultFailures(Sending):
