@@ -8,6 +8,7 @@ from pathlib import Path
 import accessibility
 import demo_search
 from desktop import Desktop, is_green
+from editor import Editor, is_parameter_chip
 from processes import wait_until
 
 PICTURES = Path(__file__).resolve().parents[2] / "build" / "demo"
@@ -26,17 +27,26 @@ class Demonstration:
         print("A desktop of its own: X server, session bus, window manager, compositor.")
         demo_search.write_notes(desktop.vault)
         print(f"A vault with {len(demo_search.NOTES)} notes: {desktop.vault}")
-        desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
-        program = desktop.start_program(**accessibility.ENVIRONMENT)
-        desktop.wait_for_window()
-        self._reader = accessibility.ScreenReader(desktop)
+        self._editor = Editor(desktop)
+        self._reader = self._editor.reader
         print("Jotwell has started and shows its capture window.")
         self._picture("empty")
-        return program
+        return self._editor.program
 
     def capture(self):
-        self._type(f"{THOUGHT} /new_note  $Daily Note")
-        self._picture("typed")
+        editor = self._editor
+        self._type(f"{THOUGHT} /ne")
+        editor.wait_for_rows("/new_note")
+        self._picture("commands")
+        self._choose(f"{THOUGHT} /new_note  $Default")
+        editor.click(editor.chip_place(is_parameter_chip))
+        editor.wait_for_rows("Default", "Meeting", "Daily Note")
+        print("Clicked on the template.")
+        editor.press("Down", "Down")
+        editor.wait_for_selected("Daily Note")
+        self._picture("templates")
+        self._choose(f"{THOUGHT} /new_note  $Daily Note")
+        self._picture("chips")
         self._run()
         [note] = wait_until(lambda: list(self._desktop.vault.glob(f"{THOUGHT} - *.md")), "a note")
         self._desktop.wait_for_banner(is_green)
@@ -48,6 +58,12 @@ class Demonstration:
         return note.stem
 
     def search(self):
+        self._type("Ask about #r")
+        self._editor.wait_for_rows("#recipe", "#repairs")
+        self._picture("tags")
+        self._choose("Ask about #recipe ")
+        self._editor.empty()
+
         self._type(f"/search_notes {UNKNOWN}")
         self._run()
         toast = f"No notes found matching '{UNKNOWN}'"
@@ -57,7 +73,7 @@ class Demonstration:
 
         self._type(f"/search_notes {KNOWN}")
         self._run()
-        wait_until(lambda: f"/search_notes {KNOWN}" not in self._reader.texts(), "the search")
+        self._editor.wait_for("")
         _check(f"No notes found matching '{KNOWN}'" not in self._reader.texts(), "notes are found")
         print("Notes were found. The panel that will show them is still to come; the same classes, "
               "asked by jotwell-driver, give these. The times take in the look for changes in the "
@@ -91,8 +107,15 @@ class Demonstration:
         print("Asked it to end: it did, with exit status 0.")
 
     def _type(self, text):
-        self._desktop.type_text(text)
+        self._editor.type(text)
+        self._editor.wait_for(text)
         print(f"Typed: {text}")
+
+    def _choose(self, result):
+        self._editor.press("Return")
+        self._editor.wait_for(result)
+        self._editor.wait_for_rows()
+        print(f"Pressed Return: {result}")
 
     def _run(self):
         self._desktop.press("ctrl+Return")

@@ -1,18 +1,16 @@
-"""The input language under real fingers: what is typed, chosen, clicked and taken back."""
+"""The input language under real fingers: what is chosen from its lists and what its chips do."""
 
 import json
 import shutil
-import time
 import unittest
 
 from editor import editing, is_command_chip, is_parameter_chip
 from notes import CLOCK, CLOCK_IN_TEXT, daily_note, default_note
 from processes import wait_until
 
-AMERICAN = {"LC_ALL": "en_US.UTF-8"}
+STANDING_CLOCK = {"clock": CLOCK, "LC_ALL": "en_US.UTF-8"}
 COMMANDS = "/new_note", "/search_notes", "/recent"
 BUILT_IN = "Default", "Meeting", "Daily Note"
-LONGEST_WAIT = 1  # second, for a key after a paste
 
 
 def own_templates(*names, last_used):
@@ -35,14 +33,9 @@ def make_folders(vault):
         (vault / name).mkdir()
 
 
-class InputTest(unittest.TestCase):
-    def standing_clock(self):
-        return {"program": {"clock": CLOCK} | AMERICAN}
-
-
-class Lists(InputTest):
+class Lists(unittest.TestCase):
     def test_beginning_of_a_command_and_return_make_a_note(self):
-        with editing(**self.standing_clock()) as editor:
+        with editing(program=STANDING_CLOCK) as editor:
             editor.type("/ne")
             editor.wait_for_rows("/new_note")
             editor.press("Return")
@@ -74,7 +67,7 @@ class Lists(InputTest):
             editor.wait_for_rows()
 
     def test_template_is_chosen_with_the_arrows_and_kept(self):
-        with editing(**self.standing_clock()) as editor:
+        with editing(program=STANDING_CLOCK) as editor:
             editor.type("Call Ada /new_note")
             editor.wait_for("Call Ada /new_note  $Default")
             editor.press(*["BackSpace"] * len("Default"))
@@ -147,7 +140,7 @@ class Lists(InputTest):
             editor.wait_for_rows("All Folders")
 
 
-class Chips(InputTest):
+class Chips(unittest.TestCase):
     def test_parameter_opens_its_list_and_a_key_replaces_it(self):
         with editing() as editor:
             editor.type("/new_note hello")
