@@ -42,35 +42,37 @@ qsizetype lineStartBefore(QStringView text, qsizetype marker)
 struct PairedMark {
     char16_t unit = 0;
     qsizetype next = 0;
+
+    void moveTo(QStringView text, qsizetype place) { next = findRepeated(text, unit, 2, place); }
 };
 
-// Whether a mark has its counterpart doesn't depend on the other marks; if it has none in its line,
-// neither has any other up to the line's end, so the next to look at is the one behind.
+PairedMark& firstOf(std::vector<PairedMark>& marks)
+{
+    return *std::min_element(
+        marks.begin(), marks.end(),
+        [](const PairedMark& left, const PairedMark& right) { return left.next < right.next; });
+}
+
+// If a mark has no counterpart in its line, neither has any other like it up to the line's end, so
+// the next one to look at is the one that would have been the counterpart.
 std::vector<TextRange> pairedSpans(QStringView text, std::vector<PairedMark> marks)
 {
-    const auto moveTo = [text](PairedMark& mark, qsizetype place) {
-        mark.next = findRepeated(text, mark.unit, 2, place);
-    };
-    for (PairedMark& mark : marks)
-        moveTo(mark, 0);
     std::vector<TextRange> spans;
+    for (PairedMark& mark : marks)
+        mark.moveTo(text, 0);
     for (;;) {
-        PairedMark& first = *std::min_element(
-            marks.begin(), marks.end(),
-            [](const PairedMark& left, const PairedMark& right) { return left.next < right.next; });
-        const qsizetype start = first.next;
+        PairedMark& mark = firstOf(marks);
+        const qsizetype start = mark.next;
         if (start == text.size())
             return spans;
-        moveTo(first, start + 2);
-        if (first.next == text.size())
+        mark.moveTo(text, start + 2);
+        const qsizetype last = mark.next;
+        if (last == text.size() || findNewline(text.first(last), start + 2) != last)
             continue;
-        if (findNewline(text.first(first.next), start + 2) != first.next)
-            continue;
-        const qsizetype end = first.next + 2;
-        spans.push_back(between(start, end));
-        for (PairedMark& mark : marks) {
-            if (mark.next < end)
-                moveTo(mark, end);
+        spans.push_back(between(start, last + 2));
+        for (PairedMark& each : marks) {
+            if (each.next < last + 2)
+                each.moveTo(text, last + 2);
         }
     }
 }

@@ -16,7 +16,7 @@ namespace {
 
 struct Emoji {
     const char* rule;
-    QString text;
+    QStringView text;
     std::vector<TextRange> ranges;
 };
 
@@ -29,60 +29,63 @@ class EmojiRangesTable : public testing::TestWithParam<Emoji> {};
 
 TEST_P(EmojiRangesTable, Are)
 {
-    const QString& text = GetParam().text;
+    const QStringView text = GetParam().text;
     EXPECT_EQ(emojiRanges(text), GetParam().ranges) << described(text, emojiRanges(text));
 }
 
 const Emoji noEmoji[] = {
-    {"an empty text", "", {}},
-    {"plain text", "Plain text, 1 # 2 * 3", {}},
-    {"signs of law", "\u00a9 \u00ae \u2122", {}},
-    {"symbols drawn as text", "\u2764 \u2714 \u2194 \u263a \u25b6 \u303d \u3297", {}},
-    {"an emoji that is to be text", "a\u231a\ufe0e \U0001F600\ufe0e", {}},
-    {"a letter with a selector", "a\ufe0f", {}},
-    {"a selector at the start", "\ufe0f\ufe0f", {}},
-    {"a keycap without a selector", "1\u20e3", {}},
-    {"text symbols joined", "\u2764\u200d\u2714", {}},
-    {"a tag on a text symbol", "\u2764\U000E0067\U000E007F", {}},
-    {"half an emoji", QString(QChar(u'\xD83D')) + u'a' + QChar(u'\xDE00'), {}},
-    {"letters and signs beyond the basic plane", "\U0001D49C\U0001F100\U00020000", {}},
-    {"scripts", "\u4e2d\u3042\uac00\u05d0\u2500\u2588", {}}};
+    {"an empty text", u"", {}},
+    {"plain text", u"Plain text, 1 # 2 * 3", {}},
+    {"signs of law", u"\u00a9 \u00ae \u2122", {}},
+    {"symbols drawn as text", u"\u2764 \u2714 \u2194 \u263a \u25b6 \u303d \u3297", {}},
+    {"an emoji that is to be text", u"a\u231a\ufe0e \U0001F600\ufe0e", {}},
+    {"a letter with a selector", u"a\ufe0f", {}},
+    {"a selector at the start", u"\ufe0f\ufe0f", {}},
+    {"a keycap without a selector", u"1\u20e3", {}},
+    {"text symbols joined", u"\u2764\u200d\u2714", {}},
+    {"a tag on a text symbol", u"\u2764\U000E0067\U000E007F", {}},
+    {"half an emoji",
+     u"\xD83D"
+     u"a\xDE00",
+     {}},
+    {"letters and signs beyond the basic plane", u"\U0001D49C\U0001F100\U00020000", {}},
+    {"scripts", u"\u4e2d\u3042\uac00\u05d0\u2500\u2588", {}}};
 
 const Emoji oneEmoji[] = {
-    {"an emoji by itself", "\U0001F600", {{0, 2}}},
-    {"one in the basic plane", "a\u231ab", {{1, 1}}},
-    {"within text", "ab \U0001F600 c", {{3, 2}}},
-    {"a symbol with a selector", "a \u2764\ufe0f b", {{2, 2}}},
-    {"a sign of law with a selector", "\u00a9\ufe0f", {{0, 2}}},
-    {"a symbol of the east with a selector", "\u303d\ufe0f\u3297\ufe0f", {{0, 4}}},
-    {"an emoji with a selector", "\U0001F600\ufe0fa", {{0, 3}}},
-    {"a keycap", "1\ufe0f\u20e3", {{0, 3}}},
-    {"a digit with a selector", "1\ufe0f 2", {{0, 2}}},
-    {"all keycaps", "a#\ufe0f\u20e3*\ufe0f\u20e3", {{1, 6}}},
-    {"a flag", "\U0001F1E9\U0001F1EA", {{0, 4}}},
-    {"half a flag", "\U0001F1E9", {{0, 2}}},
-    {"a skin tone", "\U0001F44D\U0001F3FD", {{0, 4}}},
-    {"a skin tone on a text symbol", "\u261d\U0001F3FD", {{0, 3}}},
-    {"a skin tone behind a selector", "\u261d\ufe0f\U0001F3FD", {{0, 4}}},
-    {"a skin tone alone", "a\U0001F3FD", {{1, 2}}},
-    {"a family", "\U0001F468\u200d\U0001F469\u200d\U0001F467", {{0, 8}}},
-    {"a heart in a sequence", "\U0001F468\u200d\u2764\ufe0f\u200d\U0001F468", {{0, 8}}},
-    {"a sequence that lacks its selector", "\u2764\u200d\U0001F525", {{0, 4}}},
-    {"a text symbol that ends a sequence", "\U0001F468\u200d\u2695", {{0, 4}}},
+    {"an emoji by itself", u"\U0001F600", {{0, 2}}},
+    {"one in the basic plane", u"a\u231ab", {{1, 1}}},
+    {"within text", u"ab \U0001F600 c", {{3, 2}}},
+    {"a symbol with a selector", u"a \u2764\ufe0f b", {{2, 2}}},
+    {"a sign of law with a selector", u"\u00a9\ufe0f", {{0, 2}}},
+    {"a symbol of the east with a selector", u"\u303d\ufe0f\u3297\ufe0f", {{0, 4}}},
+    {"an emoji with a selector", u"\U0001F600\ufe0fa", {{0, 3}}},
+    {"a keycap", u"1\ufe0f\u20e3", {{0, 3}}},
+    {"a digit with a selector", u"1\ufe0f 2", {{0, 2}}},
+    {"all keycaps", u"a#\ufe0f\u20e3*\ufe0f\u20e3", {{1, 6}}},
+    {"a flag", u"\U0001F1E9\U0001F1EA", {{0, 4}}},
+    {"half a flag", u"\U0001F1E9", {{0, 2}}},
+    {"a skin tone", u"\U0001F44D\U0001F3FD", {{0, 4}}},
+    {"a skin tone on a text symbol", u"\u261d\U0001F3FD", {{0, 3}}},
+    {"a skin tone behind a selector", u"\u261d\ufe0f\U0001F3FD", {{0, 4}}},
+    {"a skin tone alone", u"a\U0001F3FD", {{1, 2}}},
+    {"a family", u"\U0001F468\u200d\U0001F469\u200d\U0001F467", {{0, 8}}},
+    {"a heart in a sequence", u"\U0001F468\u200d\u2764\ufe0f\u200d\U0001F468", {{0, 8}}},
+    {"a sequence that lacks its selector", u"\u2764\u200d\U0001F525", {{0, 4}}},
+    {"a text symbol that ends a sequence", u"\U0001F468\u200d\u2695", {{0, 4}}},
     {"a flag of tags",
-     "\U0001F3F4\U000E0067\U000E0062\U000E0065\U000E006E\U000E0067\U000E007Fa",
+     u"\U0001F3F4\U000E0067\U000E0062\U000E0065\U000E006E\U000E0067\U000E007Fa",
      {{0, 14}}},
-    {"tags without an end", "\U0001F3F4\U000E0067\U000E0062a", {{0, 2}}},
-    {"a joiner with nothing behind it", "\U0001F468\u200da", {{0, 2}}},
-    {"a joiner before text", "\U0001F468\u200d\u2764\ufe0e", {{0, 2}}},
-    {"crossed out", "\U0001F6AC\u20e0", {{0, 3}}}};
+    {"tags without an end", u"\U0001F3F4\U000E0067\U000E0062a", {{0, 2}}},
+    {"a joiner with nothing behind it", u"\U0001F468\u200da", {{0, 2}}},
+    {"a joiner before text", u"\U0001F468\u200d\u2764\ufe0e", {{0, 2}}},
+    {"crossed out", u"\U0001F6AC\u20e0", {{0, 3}}}};
 
 const Emoji moreEmoji[] = {
-    {"adjoining ones are one range", "\U0001F600\U0001F600\u231a", {{0, 5}}},
-    {"two flags", "\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7 ", {{0, 8}}},
-    {"a blank parts them", "\U0001F600 \U0001F600", {{0, 2}, {3, 2}}},
-    {"text among them", "\U0001F600\u231a\ufe0e\U0001F600", {{0, 2}, {4, 2}}},
-    {"a tone on what takes none", "\U0001F600\U0001F3FD", {{0, 4}}}};
+    {"adjoining ones are one range", u"\U0001F600\U0001F600\u231a", {{0, 5}}},
+    {"two flags", u"\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7 ", {{0, 8}}},
+    {"a blank parts them", u"\U0001F600 \U0001F600", {{0, 2}, {3, 2}}},
+    {"text among them", u"\U0001F600\u231a\ufe0e\U0001F600", {{0, 2}, {4, 2}}},
+    {"a tone on what takes none", u"\U0001F600\U0001F3FD", {{0, 4}}}};
 
 INSTANTIATE_TEST_SUITE_P(None, EmojiRangesTable, testing::ValuesIn(noEmoji));
 INSTANTIATE_TEST_SUITE_P(One, EmojiRangesTable, testing::ValuesIn(oneEmoji));
@@ -130,7 +133,7 @@ TEST(EmojiRanges, EveryRecommendedSequenceIsOneRange)
     ASSERT_GT(sequences.size(), 2'000U);
     for (const QString& sequence : sequences) {
         const std::vector<TextRange> expected{{2, sequence.size()}};
-        EXPECT_EQ(emojiRanges("a " + sequence + "b"), expected) << qPrintable(sequence);
+        EXPECT_EQ(emojiRanges(u"a "_qs + sequence + u'b'), expected) << qPrintable(sequence);
     }
 }
 

@@ -110,13 +110,13 @@ std::vector<TextRange> plainParameters(QStringView text, qsizetype limit, const 
     std::vector<TextRange> parameters;
     if (!text.contains(command))
         return parameters;
-    for (const TextRange& match : matchesOf("\\$", 0, text, limit)) {
+    for (const TextRange& match : matchesOf(u"\\$"_qs, 0, text, limit)) {
         if (match.location + 1 >= limit || !text.first(match.location).contains(command))
             continue;
         for (const QString& name : names) {
             const qsizetype end = std::min(match.location + 1 + characterCount(name), limit);
             const QStringView stretch = text.sliced(match.location, end - match.location);
-            if (stretch != QString("$" + name))
+            if (stretch != QString(u'$' + name))
                 continue;
             parameters.push_back({match.location, end - match.location});
             break;
@@ -163,14 +163,14 @@ std::vector<TextRange> MarkdownRule::plain(QStringView text, qsizetype limit) co
 const std::vector<MarkdownRule>& markdownRules()
 {
     static const std::vector<MarkdownRule> rules = {
-        {"bold", R"((\*\*|__)(.*?)\1)", 0, boldSpans},
-        {"italic", R"((?<!\*)(\*|_)(?!\*)([^\*_]+?)\1(?!\*))", 0, italicSpans},
-        {"inline code", "`([^`]+)`", 0, inlineCodeSpans},
-        {"code block", R"(```[\s\S]*?```)", 0, codeBlocks},
-        {"list marker", R"((?m)^\s*([\-\*\+])\s+)", 1, listMarkers},
-        {"link", R"(\[([^\]]+)\]\(([^\)]+)\))", 1, linkNames},
-        {"strikethrough", "~~(.*?)~~", 0, struckSpans},
-        {"tag", R"(#\w+)", 0, tagWords}};
+        {"bold", uR"((\*\*|__)(.*?)\1)"_qs, 0, boldSpans},
+        {"italic", uR"((?<!\*)(\*|_)(?!\*)([^\*_]+?)\1(?!\*))"_qs, 0, italicSpans},
+        {"inline code", u"`([^`]+)`"_qs, 0, inlineCodeSpans},
+        {"code block", uR"(```[\s\S]*?```)"_qs, 0, codeBlocks},
+        {"list marker", uR"((?m)^\s*([\-\*\+])\s+)"_qs, 1, listMarkers},
+        {"link", uR"(\[([^\]]+)\]\(([^\)]+)\))"_qs, 1, linkNames},
+        {"strikethrough", u"~~(.*?)~~"_qs, 0, struckSpans},
+        {"tag", uR"(#\w+)"_qs, 0, tagWords}};
     return rules;
 }
 
@@ -178,7 +178,7 @@ std::vector<Heading> plainHeadings(QStringView text, qsizetype limit)
 {
     std::vector<Heading> headings;
     for (const RegexMatch& match :
-         compiled(R"((?m)^(#{1,6})\s+(.*)$)").matches(text, TextRange{0, limit}))
+         compiled(uR"((?m)^(#{1,6})\s+(.*)$)"_qs).matches(text, TextRange{0, limit}))
         headings.push_back({match.groups.at(1).value(), match.groups.at(2).value()});
     return headings;
 }
@@ -196,15 +196,15 @@ HighlightedText plainHighlight(QStringView text, qsizetype limit, const QStringL
     HighlightedText result;
     Units units(static_cast<std::size_t>(text.size()));
     addMarkdown(units, text, limit);
-    result.tokens.commands = matchesOf(R"((?:^|\s)(/[\w-]+))", 1, text, limit);
+    result.tokens.commands = matchesOf(uR"((?:^|\s)(/[\w-]+))"_qs, 1, text, limit);
     for (const TextRange& command : result.tokens.commands)
         addChip(units, command, TextColor::systemBlue);
-    result.tokens.templates = plainParameters(text, limit, "/new_note", templates);
-    for (const TextRange& folder : plainParameters(text, limit, "/recent", folders))
+    result.tokens.templates = plainParameters(text, limit, u"/new_note"_qs, templates);
+    for (const TextRange& folder : plainParameters(text, limit, u"/recent"_qs, folders))
         result.tokens.templates.push_back(folder);
     for (const TextRange& parameter : result.tokens.templates)
         addChip(units, parameter, TextColor::systemGreen);
-    result.tokens.hashtags = matchesOf(R"((?:^|\s)(#[\w-]+))", 1, text, limit);
+    result.tokens.hashtags = matchesOf(uR"((?:^|\s)(#[\w-]+))"_qs, 1, text, limit);
     for (const TextRange& hashtag : result.tokens.hashtags) {
         style(units, hashtag, [](TextAttributes& unit) { unit.color = TextColor::text; });
         setFont(units, hashtag, hashtag14);
@@ -216,7 +216,7 @@ HighlightedText plainHighlight(QStringView text, qsizetype limit, const QStringL
 std::optional<TextRange> plainSlashWordAt(QStringView text, qsizetype limit, qsizetype cursor)
 {
     std::optional<TextRange> last;
-    for (const TextRange& word : matchesOf(R"((/[\w-]+))", 1, text, limit)) {
+    for (const TextRange& word : matchesOf(uR"((/[\w-]+))"_qs, 1, text, limit)) {
         if (word.location <= cursor && cursor <= word.end())
             last = word;
     }

@@ -31,10 +31,10 @@ const QStringList& characters()
     return all;
 }
 
-QString repeated(const QString& piece)
+QString repeated(QStringView piece)
 {
     constexpr qsizetype length = 100'000;
-    return piece.repeated(length / piece.size() + 1).first(length);
+    return piece.toString().repeated(length / piece.size() + 1).first(length);
 }
 
 } // namespace
@@ -82,17 +82,18 @@ QString HostileTexts::character()
 
 std::vector<QString> endlessTexts()
 {
-    const QStringList pieces = {
-        "a",     " ",        "\n",     "\r\n",   "[",      "]",      "(",      "[]",    "[a]",
-        "[a](",  "[a](b",    "[[a](",  "*",      "**",     "*a",     "**a",    "**a\n", "__a **b ",
-        "_",     "_a*",      "`",      "`a",     "```a",   "~",      "~~",     "~~a",   "~~a\n",
-        "~~~~",  "#",        "#a",     "# ",     "#\n",    "# a\n",  "-",      "- ",    "-\n",
-        "- a\n", " -",       "\n -",   "/",      "/a",     " /a",    " #a",    "$",     "$T",
-        "$Tem",  "$Project", "\u2500", "\u4e2d", "\ufe0f", "\u200d", "1\ufe0f"};
+    const QStringView pieces[] = {
+        u"a",      u" ",        u"\n",     u"\r\n",   u"[",     u"]",    u"(",        u"[]",
+        u"[a]",    u"[a](",     u"[a](b",  u"[[a](",  u"*",     u"**",   u"*a",       u"**a",
+        u"**a\n",  u"__a **b ", u"_",      u"_a*",    u"`",     u"`a",   u"```a",     u"~",
+        u"~~",     u"~~a",      u"~~a\n",  u"~~~~",   u"#",     u"#a",   u"# ",       u"#\n",
+        u"# a\n",  u"-",        u"- ",     u"-\n",    u"- a\n", u" -",   u"\n -",     u"/",
+        u"/a",     u" /a",      u" #a",    u"$",      u"$T",    u"$Tem", u"$Project", u"\u2500",
+        u"\u4e2d", u"\ufe0f",   u"\u200d", u"1\ufe0f"};
     std::vector<QString> texts;
-    for (const QString& piece : pieces) {
+    for (const QStringView piece : pieces) {
         texts.push_back(repeated(piece));
-        texts.push_back("/new_note /recent" + repeated(piece));
+        texts.push_back(u"/new_note /recent"_qs + repeated(piece));
     }
     for (const char32_t* const piece : {U"\U0001F600", U"\U0001F1E9", U"\U0001F468\u200d",
                                         U"\U0001F3F4\U000E0067", U"\U000E0067"})

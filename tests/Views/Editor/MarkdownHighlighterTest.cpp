@@ -15,7 +15,7 @@ namespace {
 
 struct Styled {
     const char* rule;
-    QString text;
+    QStringView text;
     const char* runs;
 };
 
@@ -28,49 +28,49 @@ class MarkdownHighlighterTable : public testing::TestWithParam<Styled> {};
 
 TEST_P(MarkdownHighlighterTable, Styles)
 {
-    const QString& text = GetParam().text;
+    const QStringView text = GetParam().text;
     EXPECT_EQ(described(text, quickMarkdown(text, characterCount(text))), GetParam().runs);
 }
 
 const Styled elements[] = {
-    {"plain text stays plain", "a * b _ c # d", ""},
-    {"heading of level 1", "# Title", "0:# 14 bold; 2:Title 19 bold"},
-    {"heading of level 2", "## Title", "0:## 14 bold; 3:Title 18 bold"},
-    {"heading of level 3", "### Title", "0:### 14 bold; 4:Title 17 bold"},
-    {"heading of level 4", "#### Title", "0:#### 14 bold; 5:Title 16 bold"},
-    {"heading of level 5", "##### Title", "0:##### 14 bold; 6:Title 16 bold"},
-    {"heading of level 6", "###### Title", "0:###### 14 bold; 7:Title 16 bold"},
-    {"no heading of level 7", "####### Title", ""},
-    {"no heading without a blank", "#tag", "0:#tag mono 13 bold black"},
-    {"bold with its stars", "a **bold** b", "2:**bold** 14 bold"},
-    {"bold by underscores", "__a*b__", "0:__a*b__ 14 bold"},
-    {"italic with its stars", "a *it* b", "2:*it* 14 italic"},
-    {"italic by underscores", "_a_", "0:_a_ 14 italic"},
-    {"inline code", "a `code` b", "2:`code` mono 13"},
-    {"code block", "```\na\n``` b", "0:```\na\n``` mono 13"},
-    {"list marker in the fourth line", "a\nb\nc\n  - d", "8:- 14 bold"},
-    {"all list markers", "- a\n* b\n+ c", "0:- 14 bold; 4:* 14 bold; 8:+ 14 bold"},
-    {"link underlines its name alone", "[name](target)", "1:name underlined"},
-    {"strikethrough", "a ~~b~~ c", "2:~~b~~ struck"},
-    {"tag", "a#b c", "1:#b mono 13 bold black"}};
+    {"plain text stays plain", u"a * b _ c # d", ""},
+    {"heading of level 1", u"# Title", "0:# 14 bold; 2:Title 19 bold"},
+    {"heading of level 2", u"## Title", "0:## 14 bold; 3:Title 18 bold"},
+    {"heading of level 3", u"### Title", "0:### 14 bold; 4:Title 17 bold"},
+    {"heading of level 4", u"#### Title", "0:#### 14 bold; 5:Title 16 bold"},
+    {"heading of level 5", u"##### Title", "0:##### 14 bold; 6:Title 16 bold"},
+    {"heading of level 6", u"###### Title", "0:###### 14 bold; 7:Title 16 bold"},
+    {"no heading of level 7", u"####### Title", ""},
+    {"no heading without a blank", u"#tag", "0:#tag mono 13 bold black"},
+    {"bold with its stars", u"a **bold** b", "2:**bold** 14 bold"},
+    {"bold by underscores", u"__a*b__", "0:__a*b__ 14 bold"},
+    {"italic with its stars", u"a *it* b", "2:*it* 14 italic"},
+    {"italic by underscores", u"_a_", "0:_a_ 14 italic"},
+    {"inline code", u"a `code` b", "2:`code` mono 13"},
+    {"code block", u"```\na\n``` b", "0:```\na\n``` mono 13"},
+    {"list marker in the fourth line", u"a\nb\nc\n  - d", "8:- 14 bold"},
+    {"all list markers", u"- a\n* b\n+ c", "0:- 14 bold; 4:* 14 bold; 8:+ 14 bold"},
+    {"link underlines its name alone", u"[name](target)", "1:name underlined"},
+    {"strikethrough", u"a ~~b~~ c", "2:~~b~~ struck"},
+    {"tag", u"a#b c", "1:#b mono 13 bold black"}};
 
 const Styled overlaps[] = {
-    {"bold in a title has the size of text", "# a **b**",
+    {"bold in a title has the size of text", u"# a **b**",
      "0:# 14 bold; 2:a  19 bold; 4:**b** 14 bold"},
-    {"italic over bold", "**a _b_ c**", "0:**a  14 bold; 4:_b_ 14 italic; 7: c** 14 bold"},
-    {"the inner underscores of bold are italic", "__a__",
+    {"italic over bold", u"**a _b_ c**", "0:**a  14 bold; 4:_b_ 14 italic; 7: c** 14 bold"},
+    {"the inner underscores of bold are italic", u"__a__",
      "0:_ 14 bold; 1:_a_ 14 italic; 4:_ 14 bold"},
-    {"the inner stars of bold are not", "**a**", "0:**a** 14 bold"},
-    {"code over bold", "**a `b` c**", "0:**a  14 bold; 4:`b` mono 13; 7: c** 14 bold"},
-    {"code over italic", "*a `b` c*", "0:*a  14 italic; 3:`b` mono 13; 6: c* 14 italic"},
-    {"code block over bold and italic", "``` **a** *b*\n```", "0:``` **a** *b*\n``` mono 13"},
-    {"list marker over the code block", "```\n- a\n```",
+    {"the inner stars of bold are not", u"**a**", "0:**a** 14 bold"},
+    {"code over bold", u"**a `b` c**", "0:**a  14 bold; 4:`b` mono 13; 7: c** 14 bold"},
+    {"code over italic", u"*a `b` c*", "0:*a  14 italic; 3:`b` mono 13; 6: c* 14 italic"},
+    {"code block over bold and italic", u"``` **a** *b*\n```", "0:``` **a** *b*\n``` mono 13"},
+    {"list marker over the code block", u"```\n- a\n```",
      "0:```\n mono 13; 4:- 14 bold; 5: a\n``` mono 13"},
-    {"list marker over italic", "* a*", "0:* 14 bold; 1: a* 14 italic"},
-    {"tag in a code block", "``` #a ```",
+    {"list marker over italic", u"* a*", "0:* 14 bold; 1: a* 14 italic"},
+    {"tag in a code block", u"``` #a ```",
      "0:```  mono 13; 4:#a mono 13 bold black; 6: ``` mono 13"},
-    {"tag over a title", "# a #b", "0:# 14 bold; 2:a  19 bold; 4:#b mono 13 bold black"},
-    {"lines and fonts are kinds of their own", "~~[**a**](b) #c~~",
+    {"tag over a title", u"# a #b", "0:# 14 bold; 2:a  19 bold; 4:#b mono 13 bold black"},
+    {"lines and fonts are kinds of their own", u"~~[**a**](b) #c~~",
      "0:~~[ struck; 3:**a** 14 bold underlined struck; 8:](b)  struck; "
      "13:#c mono 13 bold black struck; 15:~~ struck"}};
 
@@ -79,13 +79,13 @@ INSTANTIATE_TEST_SUITE_P(Overlaps, MarkdownHighlighterTable, testing::ValuesIn(o
 
 // The number of characters bounds the search in UTF-16 units.
 const Styled mixtures[] = {
-    {"the end behind an emoji stays plain", "\U0001F600 #a b", "3:#a mono 13 bold black"},
-    {"a tag at the end behind an emoji is cut", "\U0001F600 #ab", "3:#a mono 13 bold black"},
-    {"a mark at the limit is none", "\U0001F600 **b**", ""},
-    {"a title at the limit is cut", "# \U0001F600\U0001F600ab",
+    {"the end behind an emoji stays plain", u"\U0001F600 #a b", "3:#a mono 13 bold black"},
+    {"a tag at the end behind an emoji is cut", u"\U0001F600 #ab", "3:#a mono 13 bold black"},
+    {"a mark at the limit is none", u"\U0001F600 **b**", ""},
+    {"a title at the limit is cut", u"# \U0001F600\U0001F600ab",
      "0:# 14 bold; 2:\U0001F600\U0001F600 19 bold"},
-    {"combining marks count as well", "e\u0301e\u0301 _a_ _b_", "5:_a_ 14 italic"},
-    {"CR LF is one character", "\r\n\r\n`a`", ""}};
+    {"combining marks count as well", u"e\u0301e\u0301 _a_ _b_", "5:_a_ 14 italic"},
+    {"CR LF is one character", u"\r\n\r\n`a`", ""}};
 
 INSTANTIATE_TEST_SUITE_P(Mixtures, MarkdownHighlighterTable, testing::ValuesIn(mixtures));
 

@@ -12,9 +12,9 @@ namespace jotwell {
 namespace {
 
 // Empty if the quick rule gives what the pattern gives.
-std::string difference(const MarkdownRule& rule, const QString& text, qsizetype limit)
+std::string difference(const MarkdownRule& rule, QStringView text, qsizetype limit)
 {
-    const QStringView seen = QStringView(text).first(limit);
+    const QStringView seen = text.first(limit);
     const std::vector<TextRange> plain = rule.plain(text, limit);
     const std::vector<TextRange> quick = rule.quick(seen);
     return plain == quick ? std::string()
@@ -31,9 +31,9 @@ std::string described(QStringView text, const std::vector<Heading>& headings)
     return jotwell::described(text, ranges);
 }
 
-std::string headingDifference(const QString& text, qsizetype limit)
+std::string headingDifference(QStringView text, qsizetype limit)
 {
-    const QStringView seen = QStringView(text).first(limit);
+    const QStringView seen = text.first(limit);
     const std::vector<Heading> plain = plainHeadings(text, limit);
     const std::vector<Heading> quick = headings(seen);
     return plain == quick ? std::string()
@@ -42,23 +42,23 @@ std::string headingDifference(const QString& text, qsizetype limit)
 
 struct RuleLetters {
     const char* rule;
-    QString letters;
+    QStringView letters;
     qsizetype longest;
 };
 
 const std::vector<RuleLetters>& lettersOfRules()
 {
-    static const std::vector<RuleLetters> all = {{"bold", "*_\na", 8},
-                                                 {"italic", "*_ a", 8},
-                                                 {"inline code", "`a\n", 9},
-                                                 {"code block", "`a\n", 11},
-                                                 {"list marker", "-* \na", 7},
-                                                 {"list marker", "+ \r\na", 7},
-                                                 {"link", "[]()a", 7},
-                                                 {"link", "[](a", 9},
-                                                 {"strikethrough", "~\na", 10},
-                                                 {"strikethrough", "~\r ", 9},
-                                                 {"tag", "#a- ", 7}};
+    static const std::vector<RuleLetters> all = {{"bold", u"*_\na", 8},
+                                                 {"italic", u"*_ a", 8},
+                                                 {"inline code", u"`a\n", 9},
+                                                 {"code block", u"`a\n", 11},
+                                                 {"list marker", u"-* \na", 7},
+                                                 {"list marker", u"+ \r\na", 7},
+                                                 {"link", u"[]()a", 7},
+                                                 {"link", u"[](a", 9},
+                                                 {"strikethrough", u"~\na", 10},
+                                                 {"strikethrough", u"~\r ", 9},
+                                                 {"tag", u"#a- ", 7}};
     return all;
 }
 
@@ -85,7 +85,7 @@ TEST(MarkdownRules, EveryShortTextOfTheirLettersIsAsThePatternsHaveIt)
 
 TEST(MarkdownRules, EveryShortTextWithHeadingsIsAsThePatternHasIt)
 {
-    for (const QString& letters : {QString("# \na"), QString("# \r\n"), QString("#\t a\n")}) {
+    for (const QStringView letters : {u"# \na", u"# \r\n", u"#\t a\n"}) {
         forEachText(letters, 7, [](const QString& text) {
             ASSERT_EQ(headingDifference(text, text.size()), "") << qPrintable(text);
         });
@@ -137,25 +137,25 @@ TEST(MarkdownRules, EndlessTextsAreReadOnce)
 
 struct Example {
     const char* rule;
-    QString text;
+    QStringView text;
     const char* found;
 };
 
 TEST(MarkdownRules, FindWhatTheTableOfRulesSays)
 {
-    const Example examples[] = {{"bold", "a **b** __c__ **d\n**", "2:**b**; 8:__c__"},
-                                {"bold", "**** a", "0:****"},
-                                {"bold", "**a__ b**", "0:**a__ b**"},
-                                {"bold", "**a\u2028b** c**", "5:** c**"},
-                                {"italic", "*a* _b_ *c_ **d** *e**", "0:*a*; 4:_b_"},
-                                {"italic", "_a\nb_", "0:_a\nb_"},
-                                {"inline code", "`a` `` `b\nc`", "0:`a`; 5:` `"},
-                                {"code block", "```a\n``` ```", "0:```a\n```"},
-                                {"list marker", "- a\n  * b\n\n+ c\n-d", "0:-; 6:*; 11:+"},
-                                {"list marker", "- \n  - b", "0:-"},
-                                {"link", "[a](b) [](c) [d]() [e] (f) [[g](h)", "1:a; 28:[g"},
-                                {"strikethrough", "~~a~~ ~b~ ~~~~ ~~c\n~~", "0:~~a~~; 10:~~~~"},
-                                {"tag", "#a b#c ##d # #1 #e-f", "0:#a; 4:#c; 8:#d; 13:#1; 16:#e"}};
+    const Example examples[] = {{"bold", u"a **b** __c__ **d\n**", "2:**b**; 8:__c__"},
+                                {"bold", u"**** a", "0:****"},
+                                {"bold", u"**a__ b**", "0:**a__ b**"},
+                                {"bold", u"**a\u2028b** c**", "5:** c**"},
+                                {"italic", u"*a* _b_ *c_ **d** *e**", "0:*a*; 4:_b_"},
+                                {"italic", u"_a\nb_", "0:_a\nb_"},
+                                {"inline code", u"`a` `` `b\nc`", "0:`a`; 5:` `"},
+                                {"code block", u"```a\n``` ```", "0:```a\n```"},
+                                {"list marker", u"- a\n  * b\n\n+ c\n-d", "0:-; 6:*; 11:+"},
+                                {"list marker", u"- \n  - b", "0:-"},
+                                {"link", u"[a](b) [](c) [d]() [e] (f) [[g](h)", "1:a; 28:[g"},
+                                {"strikethrough", u"~~a~~ ~b~ ~~~~ ~~c\n~~", "0:~~a~~; 10:~~~~"},
+                                {"tag", u"#a b#c ##d # #1 #e-f", "0:#a; 4:#c; 8:#d; 13:#1; 16:#e"}};
     for (const Example& example : examples) {
         const MarkdownRule& rule = ruleNamed(example.rule);
         EXPECT_EQ(jotwell::described(example.text, rule.quick(example.text)), example.found)
@@ -165,7 +165,7 @@ TEST(MarkdownRules, FindWhatTheTableOfRulesSays)
 
 TEST(MarkdownRules, HeadingsMayReachIntoLinesFurtherDown)
 {
-    const QString text = "# \n\n# a\r\n###### b \n####### c\n#d\n x # e\n#\u00a0f";
+    const QStringView text = u"# \n\n# a\r\n###### b \n####### c\n#d\n x # e\n#\u00a0f";
     EXPECT_EQ(described(text, headings(text)), "0:#; 4:# a; 9:######; 16:b ; 39:#; 41:f");
 }
 

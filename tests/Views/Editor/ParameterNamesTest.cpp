@@ -35,45 +35,45 @@ qsizetype plainLength(const QStringList& names, QStringView text)
 
 TEST(ParameterNames, TheFirstInTheListWins)
 {
-    EXPECT_EQ(lengthOf({"ab", "abc", "a"}, u"abcd"), 2);
-    EXPECT_EQ(lengthOf({"abc", "ab", "a"}, u"abcd"), 3);
-    EXPECT_EQ(lengthOf({"b", "a", "ab"}, u"abcd"), 1);
-    EXPECT_EQ(lengthOf({"b", "ac"}, u"abcd"), none);
+    EXPECT_EQ(lengthOf({u"ab"_qs, u"abc"_qs, u"a"_qs}, u"abcd"), 2);
+    EXPECT_EQ(lengthOf({u"abc"_qs, u"ab"_qs, u"a"_qs}, u"abcd"), 3);
+    EXPECT_EQ(lengthOf({u"b"_qs, u"a"_qs, u"ab"_qs}, u"abcd"), 1);
+    EXPECT_EQ(lengthOf({u"b"_qs, u"ac"_qs}, u"abcd"), none);
     EXPECT_EQ(lengthOf({}, u"abcd"), none);
 }
 
 TEST(ParameterNames, ANameHasToFitIntoTheText)
 {
-    EXPECT_EQ(lengthOf({"abcd"}, u"abc"), none);
-    EXPECT_EQ(lengthOf({"abc"}, u"abc"), 3);
-    EXPECT_EQ(lengthOf({"abc"}, u""), none);
+    EXPECT_EQ(lengthOf({u"abcd"_qs}, u"abc"), none);
+    EXPECT_EQ(lengthOf({u"abc"_qs}, u"abc"), 3);
+    EXPECT_EQ(lengthOf({u"abc"_qs}, u""), none);
 }
 
 TEST(ParameterNames, NamesLongerThanAnyTextAreLeftOut)
 {
-    ParameterNames names({QString(1'000'000, u'a'), "aaa", "aa"}, 2);
+    ParameterNames names({QString(1'000'000, u'a'), u"aaa"_qs, u"aa"_qs}, 2);
     EXPECT_EQ(lengthOf(names, u"aa"), 2);
 }
 
 TEST(ParameterNames, AnEmptyNameFitsEverywhere)
 {
-    EXPECT_EQ(lengthOf({"b", "", "a"}, u"a"), 0);
-    EXPECT_EQ(lengthOf({"a", "", "b"}, u"a"), 1);
-    EXPECT_EQ(lengthOf({""}, u""), 0);
+    EXPECT_EQ(lengthOf({u"b"_qs, u""_qs, u"a"_qs}, u"a"), 0);
+    EXPECT_EQ(lengthOf({u"a"_qs, u""_qs, u"b"_qs}, u"a"), 1);
+    EXPECT_EQ(lengthOf({u""_qs}, u""), 0);
 }
 
 TEST(ParameterNames, ANameOfMoreUnitsThanCharactersIsNeverFound)
 {
-    EXPECT_EQ(lengthOf({"e\u0301"}, u"e\u0301 a"), none);
-    EXPECT_EQ(lengthOf({"\U0001F600", "\U0001F600a"}, u"\U0001F600a"), none);
-    EXPECT_EQ(lengthOf({"a\r\n", "a"}, u"a\r\n"), 1);
+    EXPECT_EQ(lengthOf({u"e\u0301"_qs}, u"e\u0301 a"), none);
+    EXPECT_EQ(lengthOf({u"\U0001F600"_qs, u"\U0001F600a"_qs}, u"\U0001F600a"), none);
+    EXPECT_EQ(lengthOf({u"a\r\n"_qs, u"a"_qs}, u"a\r\n"), 1);
 }
 
 TEST(ParameterNames, ANulIsACharacterLikeAnyOther)
 {
     const QString nul(1, QChar(0));
     EXPECT_EQ(lengthOf({nul}, u"a"), none);
-    EXPECT_EQ(lengthOf({"b", nul}, nul), 1);
+    EXPECT_EQ(lengthOf({u"b"_qs, nul}, nul), 1);
 }
 
 // Many questions are answered by other means than the first ones.
