@@ -1,8 +1,10 @@
 #include "Views/ViewBench.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
+#include <QMimeData>
 
 namespace jotwell {
 
@@ -36,6 +38,14 @@ void ViewBench::compose(const QString& preedit, const QString& commit)
     QInputMethodEvent step(preedit, {});
     step.setCommitString(commit);
     QCoreApplication::sendEvent(QGuiApplication::focusObject(), &step);
+}
+
+void ViewBench::copyToClipboard(const QString& html, const QString& text)
+{
+    auto* const data = new QMimeData;
+    data->setHtml(html);
+    data->setText(text);
+    QGuiApplication::clipboard()->setMimeData(data);
 }
 
 } // namespace jotwell

@@ -64,6 +64,8 @@ public:
     Q_INVOKABLE void appear() { floatingWindowView.appear(); }
     /// An input method's step in the item that has the keyboard: what it composes, what it commits.
     Q_INVOKABLE void compose(const QString& preedit, const QString& commit = {});
+    /// As another program would, which knows both forms of a text.
+    Q_INVOKABLE void copyToClipboard(const QString& html, const QString& text);
 
 private:
     int m_toastCount = 0;

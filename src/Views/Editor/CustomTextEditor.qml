@@ -77,10 +77,47 @@ Flickable {
             hoverEnabled: true
             acceptedButtons: Qt.LeftButton
             cursorShape: events.isOverChip ? Qt.PointingHandCursor : Qt.IBeamCursor
-            onPressed: mouse => { mouse.accepted = events.mousePressed(Qt.point(mouse.x, mouse.y)) }
-            onPositionChanged: mouse => events.mouseMoved(Qt.point(mouse.x, mouse.y))
+            onPressed: mouse => {
+                const point = Qt.point(mouse.x, mouse.y)
+                mouse.accepted = events.mousePressed(point)
+                                 || (mouse.modifiers === Qt.NoModifier && textDrag.mousePressed(point))
+            }
+            onPositionChanged: mouse => {
+                const point = Qt.point(mouse.x, mouse.y)
+                events.mouseMoved(point)
+                textDrag.mouseMoved(point, area)
+            }
+            onReleased: mouse => textDrag.mouseReleased(Qt.point(mouse.x, mouse.y))
             onEntered: events.mouseMoved(Qt.point(mouseX, mouseY))
             onExited: events.mouseExited()
+        }
+
+        TextDrag {
+            id: textDrag
+            editor: field.editor
+        }
+
+        DropArea {
+            id: dropArea
+
+            anchors.fill: parent
+            keys: ["text/plain"]
+            onDropped: drop => {
+                textDrag.drop(Qt.point(drop.x, drop.y), drop.text, drop.proposedAction)
+                drop.acceptProposedAction()
+            }
+
+            // Where the text would go.
+            Rectangle {
+                readonly property rect place: area.positionToRectangle(area.positionAt(dropArea.drag.x, dropArea.drag.y))
+
+                visible: dropArea.containsDrag
+                x: place.x
+                y: place.y
+                width: 1
+                height: place.height
+                color: Theme.text
+            }
         }
     }
 }

@@ -116,36 +116,42 @@ EditorDocument::EditorDocument(QTextDocument& document, QObject* parent)
 
 void EditorDocument::setString(const QString& text, UndoStep step)
 {
-    if (text == m_string)
+    if (!m_document || text == m_string)
         return;
+    if (step == UndoStep::joined)
+        takeBackLastStep();
     const Difference changed = difference(m_string, text);
     replace({changed.from, changed.oldEnd - changed.from},
-            text.sliced(changed.from, changed.newEnd - changed.from), text, step);
+            text.sliced(changed.from, changed.newEnd - changed.from), text);
 }
 
 void EditorDocument::replaceCharacters(const TextRange& range, const QString& text)
 {
     QString whole = m_string;
     whole.replace(range.location, range.length, text);
-    replace(range, text, whole, UndoStep::own);
+    if (m_document)
+        replace(range, text, whole);
 }
 
 // As an edit that the user can undo: what they typed is never gone for good.
-void EditorDocument::replace(const TextRange& range, const QString& text, const QString& whole,
-                             UndoStep step)
+void EditorDocument::replace(const TextRange& range, const QString& text, const QString& whole)
 {
-    if (!m_document)
-        return;
     QTextCursor cursor(m_document);
     cursor.setPosition(toDocument(range.location));
     cursor.setPosition(toDocument(range.end()), QTextCursor::KeepAnchor);
     const QScopedValueRollback replacement(m_replacement, std::optional(whole));
-    if (step == UndoStep::joined)
-        cursor.joinPreviousEditBlock();
-    else
-        cursor.beginEditBlock();
+    cursor.beginEditBlock();
     cursor.insertText(text);
+    // Changes nothing, but keeps what is typed next from becoming part of this step.
+    cursor.setBlockFormat(cursor.blockFormat());
     cursor.endEditBlock();
+}
+
+// The document itself joins edits only to those that were made in a block, which typing isn't.
+void EditorDocument::takeBackLastStep()
+{
+    const QScopedValueRollback takingBack(m_isTakingBack, true);
+    m_document->undo();
 }
 
 bool EditorDocument::isComposing() const
@@ -175,7 +181,7 @@ void EditorDocument::contentsAreChanging(int position, int removed, int added)
 {
     const bool isOther =
         m_replacement ? setText(*m_replacement) : takeOver(position, removed, added);
-    m_isEdited = m_isEdited || (isOther && !m_replacement);
+    m_isEdited = m_isEdited || (isOther && !m_replacement && !m_isTakingBack);
     noteComposition(position, added);
     findEndlessWord(position, added);
     emit aboutToLayOut();

@@ -62,7 +62,8 @@ private:
     void noteComposition(int position, int added);
     void findEndlessWord(int position, int added);
     void setHasEndlessWord(bool has);
-    void replace(const TextRange& range, const QString& text, const QString& whole, UndoStep step);
+    void replace(const TextRange& range, const QString& text, const QString& whole);
+    void takeBackLastStep();
 
     QPointer<QTextDocument> m_document;
     QString m_string;
@@ -72,6 +73,7 @@ private:
     bool m_wasComposing = false;
     bool m_hasEndlessWord = false;
     bool m_isEdited = false;
+    bool m_isTakingBack = false;
 };
 
 } // namespace jotwell

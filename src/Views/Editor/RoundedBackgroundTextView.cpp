@@ -55,6 +55,28 @@ void RoundedBackgroundTextView::insertNewline()
     cursor.insertBlock();
 }
 
+void RoundedBackgroundTextView::insertText(const QString& text, qsizetype index,
+                                           const std::optional<TextRange>& removed)
+{
+    QTextCursor at(m_document.document());
+    at.setPosition(m_document.toDocument(index));
+    QTextCursor old(m_document.document());
+    if (removed) {
+        old.setPosition(m_document.toDocument(removed->location));
+        old.setPosition(m_document.toDocument(removed->end()), QTextCursor::KeepAnchor);
+    }
+    at.beginEditBlock();
+    old.removeSelectedText();
+    const int start = at.position();
+    at.insertText(text);
+    const int length = at.position() - start;
+    const int whole = m_document.document()->characterCount();
+    at.endEditBlock();
+    // Unless the model has rewritten the text meanwhile.
+    if (m_document.document()->characterCount() == whole)
+        m_selection->setSelectedRange({start, length});
+}
+
 bool RoundedBackgroundTextView::isFirstResponder() const
 {
     return m_selection->hasFocus();

@@ -49,6 +49,9 @@ public:
     void setSelectedRange(const TextRange& range);
     /// As if the user had pressed Return.
     void insertNewline();
+    /// As an edit by the user, in one step: puts `text` in at an index and selects it; what stands
+    /// in `removed`, which is to lie elsewhere, goes.
+    void insertText(const QString& text, qsizetype index, const std::optional<TextRange>& removed);
     [[nodiscard]] bool isFirstResponder() const;
     void makeFirstResponder();
 

@@ -170,6 +170,36 @@ TEST_F(EditorDocumentTest, JoinedStepIsUndoneWithTheEditBefore)
     EXPECT_EQ(text.string(), of(u"ords and more"));
 }
 
+TEST_F(EditorDocumentTest, JoinedStepIsUndoneWithWhatWasTyped)
+{
+    type(0, u"first");
+    text.setString(of(u"second"), EditorDocument::UndoStep::own);
+    for (const char16_t character : std::u16string(u" /recent"))
+        type(document.characterCount() - 1, std::u16string(1, character).c_str());
+    events.clear();
+    text.setString(of(u"second /recent  $All"), EditorDocument::UndoStep::joined);
+    EXPECT_FALSE(events.contains(QStringLiteral("edited")));
+    document.undo();
+    EXPECT_EQ(text.string(), of(u"second"));
+    document.undo();
+    EXPECT_EQ(text.string(), of(u"first"));
+    document.redo();
+    document.redo();
+    EXPECT_EQ(text.string(), of(u"second /recent  $All"));
+}
+
+TEST_F(EditorDocumentTest, WhatIsTypedBehindAReplacementIsAStepOfItsOwn)
+{
+    type(0, u"/ne");
+    text.setString(of(u"/new_note"), EditorDocument::UndoStep::own);
+    type(9, u" ");
+    type(10, u"x");
+    document.undo();
+    EXPECT_EQ(text.string(), of(u"/new_note"));
+    document.undo();
+    EXPECT_EQ(text.string(), of(u"/ne"));
+}
+
 TEST_F(EditorDocumentTest, ReplacementsNeverPartACharacter)
 {
     // The two faces share their first unit.

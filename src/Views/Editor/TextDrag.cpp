@@ -1,0 +1,70 @@
+#include "Views/Editor/TextDrag.h"
+
+#include <QDrag>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QStyleHints>
+
+#include <utility>
+
+namespace jotwell {
+
+bool TextDrag::mousePressed(const QPointF& point)
+{
+    if (!hasView())
+        return false;
+    RoundedBackgroundTextView& view = m_editor->view();
+    const TextRange selection = view.selectedRange();
+    const qsizetype index = view.characterIndexForInsertion(point);
+    const bool isOnSelection = index >= selection.location && index < selection.end();
+    m_pressed = isOnSelection ? std::optional(point) : std::nullopt;
+    return isOnSelection;
+}
+
+void TextDrag::mouseMoved(const QPointF& point, QQuickItem* source)
+{
+    const int distance = QGuiApplication::styleHints()->startDragDistance();
+    if (!m_pressed || !hasView() || (point - *m_pressed).manhattanLength() < distance)
+        return;
+    m_pressed.reset();
+    m_dragged = m_editor->view().selectedRange();
+    auto* const data = new QMimeData;
+    data->setText(m_editor->view().string().mid(m_dragged->location, m_dragged->length));
+    auto* const drag = new QDrag(source); // goes with the end of the dragging
+    drag->setMimeData(data);
+    const QPointer self(this);
+    const Qt::DropAction action = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+    if (self && action == Qt::MoveAction)
+        removeDragged();
+    if (self)
+        m_dragged.reset();
+}
+
+void TextDrag::mouseReleased(const QPointF& point)
+{
+    if (std::exchange(m_pressed, std::nullopt) && hasView())
+        m_editor->view().setSelectedRange({m_editor->view().characterIndexForInsertion(point), 0});
+}
+
+void TextDrag::drop(const QPointF& point, const QString& text, Qt::DropAction action)
+{
+    if (!hasView() || m_editor->isComposing())
+        return;
+    RoundedBackgroundTextView& view = m_editor->view();
+    const qsizetype index = view.characterIndexForInsertion(point);
+    const auto dragged = std::exchange(m_dragged, std::nullopt);
+    const bool isMoved = dragged && action == Qt::MoveAction;
+    if (isMoved && index >= dragged->location && index <= dragged->end())
+        return; // onto itself
+    view.insertText(text, index, isMoved ? dragged : std::nullopt);
+    view.makeFirstResponder();
+}
+
+// Somebody else has taken it.
+void TextDrag::removeDragged()
+{
+    if (m_dragged && hasView())
+        m_editor->view().insertText({}, m_dragged->location, m_dragged);
+}
+
+} // namespace jotwell
