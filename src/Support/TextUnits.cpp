@@ -82,6 +82,8 @@ QStringView firstLine(QStringView text)
 
 bool precedesByCodePoint(QStringView left, QStringView right)
 {
+    if (left.isEmpty() || right.isEmpty()) // ICU takes a text without an address for equal to all
+        return left.size() < right.size();
     return u_strCompare(reinterpret_cast<const UChar*>(left.utf16()),
                         static_cast<int32_t>(left.size()),
                         reinterpret_cast<const UChar*>(right.utf16()),

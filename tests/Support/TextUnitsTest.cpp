@@ -105,6 +105,15 @@ TEST(TextUnits, SortsByCodePointAndNotByUnit)
     EXPECT_FALSE(precedesByCodePoint(u"\U0001F600", u"\uffee"));
 }
 
+TEST(TextUnits, NothingSortsBeforeEverythingElse)
+{
+    for (const QStringView nothing : {QStringView(), QStringView(u"")}) {
+        EXPECT_TRUE(precedesByCodePoint(nothing, u"a"));
+        EXPECT_FALSE(precedesByCodePoint(u"a", nothing));
+        EXPECT_FALSE(precedesByCodePoint(nothing, QStringView()));
+    }
+}
+
 TEST(TextUnits, KeepsAByteOrderMark)
 {
     EXPECT_EQ(textFromUtf8("\xef\xbb\xbf\xc3\xa4").toStdU16String(), u"\ufeff\u00e4");
