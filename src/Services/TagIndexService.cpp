@@ -305,14 +305,14 @@ QCoro::Task<void> TagIndexService::runWaitingScans()
     m_isScanning = false;
 }
 
-QList<TagCount> TagIndexService::getAllTagsWithCounts() const
+QList<TagCount> TagIndexService::getAllTagsWithCounts(qsizetype limit) const
 {
-    return m_index.getAllTagsWithCounts();
+    return m_index.getAllTagsWithCounts(limit);
 }
 
-QList<TagCount> TagIndexService::searchTags(const QString& prefix) const
+QList<TagCount> TagIndexService::searchTags(const QString& prefix, qsizetype limit) const
 {
-    return m_index.searchTags(prefix);
+    return m_index.searchTags(prefix, limit);
 }
 
 QCoro::Task<SearchAnswer> TagIndexService::searchNotes(QString query, QString /*vaultPath*/)

@@ -66,8 +66,10 @@ public:
     /// Ends all work at its next waiting point, for good. To be called before the program stops.
     void stop();
 
-    [[nodiscard]] QList<TagCount> getAllTagsWithCounts() const;
-    [[nodiscard]] QList<TagCount> searchTags(const QString& prefix) const;
+    // The first `limit` of all that there are; see `NoteIndex`.
+    [[nodiscard]] QList<TagCount> getAllTagsWithCounts(qsizetype limit = NoteIndex::noLimit) const;
+    [[nodiscard]] QList<TagCount> searchTags(const QString& prefix,
+                                             qsizetype limit = NoteIndex::noLimit) const;
 
     /// By file name and tag. There is one vault: its path isn't looked at.
     QCoro::Task<SearchAnswer> searchNotes(QString query, QString vaultPath);

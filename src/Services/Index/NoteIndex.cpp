@@ -1,30 +1,19 @@
 #include "Services/Index/NoteIndex.h"
 
-#include "Support/TextUnits.h"
-
-#include <algorithm>
 #include <utility>
 
 namespace jotwell {
-
-namespace {
-
-bool hasMoreNotes(const TagCount& left, const TagCount& right)
-{
-    if (left.count != right.count)
-        return left.count > right.count;
-    return precedesByCodePoint(left.tag, right.tag);
-}
-
-} // namespace
 
 void NoteIndex::add(FileMetadataPtr record)
 {
     const FileMetadata& added = *record;
     if (const FileMetadataPtr old = m_notes.insert(std::move(record)))
         forgetTags(*old);
-    for (const QString& tag : added.allTags())
-        m_tagToFiles[tag].insert(&added);
+    for (const QString& tag : added.allTags()) {
+        Records& records = m_tagToFiles[tag];
+        records.insert(&added);
+        m_tagCounts.set(tag, records.size());
+    }
 }
 
 void NoteIndex::remove(const QByteArray& path)
@@ -38,7 +27,8 @@ void NoteIndex::remove(const QByteArray& path)
 
 NoteIndex::Contents NoteIndex::takeAll()
 {
-    return {std::exchange(m_notes, NoteMap()), std::exchange(m_tagToFiles, Tags())};
+    return {std::exchange(m_notes, NoteMap()), std::exchange(m_tagToFiles, Tags()),
+            std::exchange(m_tagCounts, TagCounts())};
 }
 
 void NoteIndex::forgetTags(const FileMetadata& record)
@@ -48,34 +38,20 @@ void NoteIndex::forgetTags(const FileMetadata& record)
         if (found == m_tagToFiles.end())
             continue;
         found->remove(&record);
+        m_tagCounts.set(tag, found->size());
         if (found->isEmpty())
             m_tagToFiles.erase(found);
     }
 }
 
-QList<TagCount> NoteIndex::getAllTagsWithCounts() const
+QList<TagCount> NoteIndex::getAllTagsWithCounts(qsizetype limit) const
 {
-    QList<TagCount> all;
-    for (auto each = m_tagToFiles.begin(); each != m_tagToFiles.end(); ++each)
-        all.append({each.key(), each->size()});
-    std::sort(all.begin(), all.end(), hasMoreNotes);
-    return all;
+    return m_tagCounts.all(limit);
 }
 
-QList<TagCount> NoteIndex::searchTags(const QString& prefix) const
+QList<TagCount> NoteIndex::searchTags(const QString& prefix, qsizetype limit) const
 {
-    const QString wanted = prefix.toLower();
-    QList<TagCount> found;
-    for (auto each = m_tagToFiles.begin(); each != m_tagToFiles.end(); ++each) {
-        if (!each.key().isEmpty() && each.key().startsWith(wanted))
-            found.append({each.key(), each->size()});
-    }
-    std::sort(found.begin(), found.end(), [&wanted](const TagCount& left, const TagCount& right) {
-        if ((left.tag == wanted) != (right.tag == wanted))
-            return left.tag == wanted;
-        return hasMoreNotes(left, right);
-    });
-    return found;
+    return m_tagCounts.beginningWith(prefix.toLower(), limit);
 }
 
 } // namespace jotwell

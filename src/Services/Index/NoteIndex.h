@@ -1,23 +1,16 @@
 #pragma once
 
 #include "Services/Index/NoteMap.h"
+#include "Services/Index/TagCounts.h"
 
 #include <QHash>
 #include <QList>
 #include <QSet>
 #include <QString>
 
-#include <utility>
+#include <limits>
 
 namespace jotwell {
-
-/// A tag and the number of notes that hold it.
-struct TagCount {
-    QString tag;
-    qsizetype count = 0;
-
-    bool operator==(const TagCount&) const = default;
-};
 
 /// The maps in memory: every note by its path, and the notes of every tag. The two agree at all
 /// times: a tag lists a note exactly when the note's record has the tag, and no tag lists none.
@@ -37,23 +30,31 @@ public:
     /// The notes of each tag.
     using Tags = QHash<QString, Records>;
 
-    using Contents = std::pair<NoteMap, Tags>;
+    struct Contents {
+        NoteMap notes;
+        Tags tags;
+        TagCounts tagCounts;
+    };
 
     /// Leaves the index empty and gives back what was in it: to free that takes long, and is better
     /// done on another thread.
     [[nodiscard]] Contents takeAll();
 
-    /// All tags, those of most notes first, equal ones by code point.
-    [[nodiscard]] QList<TagCount> getAllTagsWithCounts() const;
+    static constexpr qsizetype noLimit = std::numeric_limits<qsizetype>::max();
+
+    /// All tags, those of most notes first, equal ones by code point; the first `limit` of them.
+    [[nodiscard]] QList<TagCount> getAllTagsWithCounts(qsizetype limit = noLimit) const;
     /// The tags that begin with `prefix`, whatever its case: the tag of that name first, then as
-    /// above. All of them for an empty one.
-    [[nodiscard]] QList<TagCount> searchTags(const QString& prefix) const;
+    /// above; the first `limit` of them. All of them for an empty one.
+    [[nodiscard]] QList<TagCount> searchTags(const QString& prefix,
+                                             qsizetype limit = noLimit) const;
 
 private:
     void forgetTags(const FileMetadata& record);
 
     NoteMap m_notes;
-    QHash<QString, Records> m_tagToFiles;
+    Tags m_tagToFiles;
+    TagCounts m_tagCounts; ///< the sizes of the above
 };
 
 } // namespace jotwell

@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <random>
+
 namespace jotwell {
 
 namespace {
@@ -56,7 +58,7 @@ TEST_F(NoteIndexTest, RemovingAStrangerChangesNothing)
 TEST_F(NoteIndexTest, TakingAllLeavesNothing)
 {
     m_index.add(recordOf("/v/a.md", {u"x"_qs}));
-    EXPECT_EQ(m_index.takeAll().first.size(), 1);
+    EXPECT_EQ(m_index.takeAll().notes.size(), 1);
     EXPECT_EQ(m_index.notes().size(), 0);
     EXPECT_THAT(m_index.tagToFiles(), IsEmpty());
     EXPECT_THAT(m_index.getAllTagsWithCounts(), IsEmpty());
@@ -87,6 +89,38 @@ TEST_F(NoteIndexTest, SearchedTagsBeginWithThePrefixAndTheTagOfThatNameIsFirst)
     EXPECT_THAT(m_index.searchTags(u"WORK"_qs),
                 ElementsAre(TagCount{u"work"_qs, 1}, TagCount{u"workshop"_qs, 2},
                             TagCount{u"workers"_qs, 1}));
+}
+
+TEST_F(NoteIndexTest, OnlyTheFirstTagsAreGivenUpToALimit)
+{
+    m_index.add(recordOf("/v/a.md", {u"b"_qs, u"ba"_qs, u"c"_qs}));
+    m_index.add(recordOf("/v/b.md", {u"ba"_qs}));
+    EXPECT_THAT(m_index.getAllTagsWithCounts(2),
+                ElementsAre(TagCount{u"ba"_qs, 2}, TagCount{u"b"_qs, 1}));
+    EXPECT_THAT(m_index.searchTags(u"B"_qs, 1), ElementsAre(TagCount{u"b"_qs, 1}));
+    EXPECT_THAT(m_index.searchTags(u"B"_qs, 0), IsEmpty());
+}
+
+TEST_F(NoteIndexTest, CountsOfTagsAreThoseOfTheirNotes)
+{
+    std::mt19937 random(3);
+    const auto anyOf = [&random](int count) { return QString::number(random() % count); };
+    for (int round = 0; round < 500; ++round) {
+        const QByteArray path = "/v/" + anyOf(20).toUtf8() + ".md";
+        TagSet tags;
+        for (unsigned each = random() % 4; each > 0; --each)
+            insertTag(tags, anyOf(12));
+        if (random() % 3 == 0)
+            m_index.remove(path);
+        else
+            m_index.add(recordOf(path, tags));
+        QHash<QString, qsizetype> counts;
+        for (const TagCount& each : m_index.getAllTagsWithCounts())
+            counts.insert(each.tag, each.count);
+        ASSERT_EQ(counts.size(), m_index.tagToFiles().size());
+        for (auto each = counts.begin(); each != counts.end(); ++each)
+            ASSERT_EQ(each.value(), notesOf(each.key()).size());
+    }
 }
 
 TEST_F(NoteIndexTest, AMarkIsNoPartOfATag)
