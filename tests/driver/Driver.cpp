@@ -16,6 +16,7 @@ Driver::Driver(Session& session)
     addToastOps(m_operations, session);
     addNoteOps(m_operations, session);
     addCommandOps(m_operations, session);
+    addInputOps(m_operations, session);
     addContentOps(m_operations);
     addIndexOps(m_operations, session);
     addTemplateSyncOps(m_operations);

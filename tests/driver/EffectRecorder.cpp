@@ -49,6 +49,14 @@ void EffectRecorder::recordSearchResults(const NoteSearchResults& notes)
     record(QStringLiteral("searchResults"), {{QStringLiteral("results"), toJson(notes)}});
 }
 
+void EffectRecorder::recordNotification(const QString& name, const QJsonValue& object,
+                                        const QJsonValue& userInfo)
+{
+    record(QStringLiteral("notification"), {{QStringLiteral("name"), name},
+                                            {QStringLiteral("object"), object},
+                                            {QStringLiteral("userInfo"), userInfo}});
+}
+
 QJsonArray EffectRecorder::take(const std::optional<QStringList>& kinds)
 {
     const QMutexLocker lock(&m_mutex);

@@ -21,6 +21,9 @@ public:
     void recordToast(const Toast& toast);
     void recordLog(const LogRecord& record);
     void recordSearchResults(const NoteSearchResults& notes);
+    /// `object` and `userInfo` are null where there is none.
+    void recordNotification(const QString& name, const QJsonValue& object,
+                            const QJsonValue& userInfo);
 
     /// Gives what has been remembered, and forgets it; of these kinds alone if any are named.
     [[nodiscard]] QJsonArray take(const std::optional<QStringList>& kinds);

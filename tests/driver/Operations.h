@@ -36,6 +36,7 @@ void addRecordOps(Operations& ops);
 void addToastOps(Operations& ops, Session& session);
 void addNoteOps(Operations& ops, Session& session);
 void addCommandOps(Operations& ops, Session& session);
+void addInputOps(Operations& ops, Session& session);
 void addContentOps(Operations& ops);
 void addIndexOps(Operations& ops, Session& session);
 void addTemplateSyncOps(Operations& ops);

@@ -1,6 +1,7 @@
 #include "driver/Session.h"
 
 #include "Services/CommandService.h"
+#include "Services/CommandTemplateManager.h"
 #include "Services/ObsidianService.h"
 #include "Services/SharedServices.h"
 #include "Services/TagIndexService.h"
@@ -18,6 +19,7 @@ Session::Session(const QString& home) : m_platform(home, m_effects)
 
 Session::~Session()
 {
+    m_input.reset();
     releaseSharedServices();
     setLogSink({});
 }
@@ -61,6 +63,21 @@ CommandService& Session::commands()
     if (!std::exchange(m_recordsCommands, true))
         setListening(true);
     return CommandService::shared();
+}
+
+CommandTemplateState& Session::input()
+{
+    if (!m_input)
+        makeInput();
+    return *m_input;
+}
+
+void Session::makeInput()
+{
+    commands();
+    m_input = std::make_unique<CommandTemplateState>(
+        InputServices::shared(m_platform.platform().scheduler));
+    m_inputRecorder.listenTo(*m_input);
 }
 
 void Session::setListening(bool isListening)

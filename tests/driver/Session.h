@@ -2,11 +2,15 @@
 
 #include "driver/DriverPlatform.h"
 #include "driver/EffectRecorder.h"
+#include "driver/InputRecorder.h"
 #include "driver/PublicationRecorder.h"
+
+#include <memory>
 
 namespace jotwell {
 
 class CommandService;
+class CommandTemplateState;
 class ObsidianService;
 class TagIndexService;
 class ToastManager;
@@ -29,6 +33,12 @@ public:
     void stopIndex();
     ObsidianService& notes();
     CommandService& commands();
+    /// The current input state; makes one if there is none.
+    CommandTemplateState& input();
+    /// Makes a fresh one the current one.
+    void makeInput();
+    /// What was assigned to its fields since the last call.
+    [[nodiscard]] QJsonArray takeInputChanges() { return m_inputRecorder.take(); }
     /// What the index published since the last call.
     [[nodiscard]] QJsonArray takePublications() { return m_publications.take(); }
     /// Whether lists of notes have a listener: the recorder.
@@ -38,6 +48,8 @@ private:
     EffectRecorder m_effects;
     DriverPlatform m_platform;
     PublicationRecorder m_publications;
+    InputRecorder m_inputRecorder{m_effects};
+    std::unique_ptr<CommandTemplateState> m_input;
     bool m_recordsIndex = false;
     bool m_recordsToasts = false;
     bool m_recordsCommands = false;
