@@ -40,11 +40,8 @@ public:
 
     Sequence read()
     {
-        readElement();
-        while (isAt(joiner) && joinsAt(m_sequence.end + 1)) {
+        while (readElement() && isAt(joiner) && joinsAt(m_sequence.end + 1))
             take(joiner);
-            readElement();
-        }
         return m_sequence;
     }
 
@@ -57,7 +54,11 @@ private:
     [[nodiscard]] bool isAt(char32_t code) const { return next() == code; }
     [[nodiscard]] bool joinsAt(qsizetype place) const
     {
-        return has(codeAt(place), UCHAR_EXTENDED_PICTOGRAPHIC) && codeAt(place + 1) != textSelector;
+        if (place >= m_text.size())
+            return false;
+        const CodePoint character = codePointAt(m_text, place);
+        return has(character.value, UCHAR_EXTENDED_PICTOGRAPHIC) &&
+               codeAt(place + character.length) != textSelector;
     }
 
     void takeOne() { m_sequence.end += codePointAt(m_text, m_sequence.end).length; }
@@ -76,12 +77,13 @@ private:
         return isThere;
     }
 
-    void readElement()
+    // Gives whether others may be joined to it.
+    bool readElement()
     {
         const char32_t base = next();
         takeOne();
         if (take(textSelector))
-            return;
+            return false;
         if (take(emojiSelector) || has(base, UCHAR_EMOJI_PRESENTATION))
             m_sequence.isEmoji = true;
         if (has(base, UCHAR_REGIONAL_INDICATOR))
@@ -90,6 +92,7 @@ private:
             m_sequence.isEmoji = true;
         if (m_sequence.isEmoji)
             readMarks();
+        return true;
     }
 
     void readMarks()

@@ -61,7 +61,7 @@ std::vector<TextRange> parametersOf(Command command, QStringView text, qsizetype
                                     const std::function<QStringList()>& names)
 {
     const std::optional<qsizetype> from = endOfFirst(text, rawValue(command));
-    if (!from || *from >= limit)
+    if (!from)
         return {};
     return parametersFrom(text.first(limit), *from, names);
 }

@@ -78,10 +78,19 @@ const Emoji oneEmoji[] = {
     {"tags without an end", u"\U0001F3F4\U000E0067\U000E0062a", {{0, 2}}},
     {"a joiner with nothing behind it", u"\U0001F468\u200da", {{0, 2}}},
     {"a joiner before text", u"\U0001F468\u200d\u2764\ufe0e", {{0, 2}}},
+    {"a joiner before an emoji that is to be text", u"\U0001F468\u200d\U0001F525\ufe0e", {{0, 2}}},
+    {"a joiner behind what is to be text", u"\u2764\ufe0e\u200d\U0001F525", {{3, 2}}},
+    {"an arrow that ends a sequence", u"\U0001F642\u200d\u2194\ufe0f", {{0, 5}}},
+    {"a joiner at the end", u"\U0001F468\u200d", {{0, 2}}},
+    {"a joiner before half an emoji", u"\U0001F468\u200d\xD83D", {{0, 2}}},
+    {"a selector too many", u"\U0001F600\ufe0f\ufe0f", {{0, 3}}},
+    {"a tone on a symbol that is to be text", u"\u261d\ufe0e\U0001F3FD", {{2, 2}}},
     {"crossed out", u"\U0001F6AC\u20e0", {{0, 3}}}};
 
 const Emoji moreEmoji[] = {
     {"adjoining ones are one range", u"\U0001F600\U0001F600\u231a", {{0, 5}}},
+    {"a flag and a half", u"\U0001F1E9\U0001F1EA\U0001F1EB", {{0, 6}}},
+    {"among lines", u"a\n\U0001F600\n\u231a", {{2, 2}, {5, 1}}},
     {"two flags", u"\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7 ", {{0, 8}}},
     {"a blank parts them", u"\U0001F600 \U0001F600", {{0, 2}, {3, 2}}},
     {"text among them", u"\U0001F600\u231a\ufe0e\U0001F600", {{0, 2}, {4, 2}}},
