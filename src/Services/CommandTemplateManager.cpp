@@ -37,7 +37,7 @@ void CommandTemplateState::setCurrentTemplate(const std::optional<ObsidianTempla
 
 bool CommandTemplateState::holds(Command command) const
 {
-    return text().contains(rawValue(command));
+    return containsCommand(text(), command);
 }
 
 // The editor is to take the text over.
@@ -120,14 +120,14 @@ QString CommandTemplateState::getCurrentCommandInput() const
 
 std::optional<QString> CommandTemplateState::getCurrentTemplateInput() const
 {
-    if (!holds(Command::newNote) || hasExistingTemplate())
+    if (!text().contains(u'$') || !holds(Command::newNote) || hasExistingTemplate())
         return std::nullopt;
     return currentParameterInput(text());
 }
 
 std::optional<QString> CommandTemplateState::getCurrentFolderInput() const
 {
-    if (!holds(Command::recentNotes) || hasExistingFolderParameter())
+    if (!text().contains(u'$') || !holds(Command::recentNotes) || hasExistingFolderParameter())
         return std::nullopt;
     return currentParameterInput(text());
 }
@@ -139,12 +139,12 @@ std::optional<QString> CommandTemplateState::getCurrentHashtagInput() const
 
 bool CommandTemplateState::hasExistingTemplate() const
 {
-    return text().contains(u'$') && hasExistingParameter(text(), names().templateNames());
+    return hasExistingParameter(text(), names().templateNames());
 }
 
 bool CommandTemplateState::hasExistingFolderParameter() const
 {
-    return text().contains(u'$') && hasExistingParameter(text(), names().folderNames());
+    return hasExistingParameter(text(), names().folderNames());
 }
 
 void CommandTemplateState::updateCommandDropdown(const QString& input)

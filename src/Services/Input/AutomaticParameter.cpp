@@ -1,5 +1,7 @@
 #include "Services/Input/AutomaticParameter.h"
 
+#include "Services/Input/CommandText.h"
+
 namespace jotwell {
 
 QString parameterText(const QString& name)
@@ -9,7 +11,7 @@ QString parameterText(const QString& name)
 
 bool needsParameter(const QString& text, Command command)
 {
-    return !text.contains(u'$') && text.contains(rawValue(command));
+    return !text.contains(u'$') && containsCommand(text, command);
 }
 
 QString withParameter(const QString& text, Command command, const QString& name)

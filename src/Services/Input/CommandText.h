@@ -10,6 +10,9 @@ namespace jotwell {
 
 // What a command takes out of the raw text of the capture window. Pure; any thread.
 
+/// Whether the command's raw value stands anywhere in the text.
+[[nodiscard]] bool containsCommand(QStringView text, Command command);
+
 /// The first command, in the order of the commands, whose raw value the text contains.
 [[nodiscard]] std::optional<Command> findCommand(QStringView text);
 

@@ -133,7 +133,8 @@ void Dropdown::updateFolderDropdown(const std::optional<QString>& input)
 
 void Dropdown::updateHashtagDropdown(const QString& input)
 {
-    m_fields.set<&Fields::filteredHashtags>(hashtagRows(m_tags.searchTags(searchIn(input))));
+    m_fields.set<&Fields::filteredHashtags>(
+        hashtagRows(m_tags.searchTags(searchIn(input), hashtagRowLimit)));
     if (m_fields->filteredHashtags.isEmpty()) {
         close();
         return;
@@ -200,7 +201,8 @@ void Dropdown::openHashtags(const TextRange& clicked)
 {
     m_fields.set<&Fields::clickedHashtagRange>(clicked);
     m_fields.set<&Fields::dropdownType>(DropdownType::hashtag);
-    m_fields.set<&Fields::filteredHashtags>(hashtagRows(m_tags.getAllTagsWithCounts()));
+    m_fields.set<&Fields::filteredHashtags>(
+        hashtagRows(m_tags.getAllTagsWithCounts(hashtagRowLimit)));
     if (m_fields->filteredHashtags.isEmpty())
         return;
     m_fields.set<&Fields::selectedHashtag>(m_fields->filteredHashtags.first());

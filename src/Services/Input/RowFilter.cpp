@@ -3,16 +3,28 @@
 #include "Support/TextUnits.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace jotwell {
 
 namespace {
 
-constexpr qsizetype hashtagRowLimit = 20;
+char16_t lowerAscii(QChar unit)
+{
+    const char16_t code = unit.unicode();
+    return code >= u'A' && code <= u'Z' ? code + 0x20 : code;
+}
 
 bool holds(const QString& name, const QString& lowerSearch)
 {
-    return name.toLower().contains(lowerSearch);
+    const auto isAscii = [](QChar unit) { return unit.unicode() < 0x80; };
+    if (!std::ranges::all_of(name, isAscii))
+        return name.toLower().contains(lowerSearch);
+    // Without a lower-case copy of each name: there are hundreds at each key stroke.
+    return !std::ranges::search(name, lowerSearch, std::equal_to(), lowerAscii,
+                                [](QChar unit) { return unit.unicode(); })
+                .empty() ||
+           lowerSearch.isEmpty();
 }
 
 } // namespace
@@ -58,7 +70,7 @@ QList<FolderItem> matchingFolders(const QStringList& names, const QString& searc
 QList<HashtagItem> hashtagRows(const QList<TagCount>& tags)
 {
     QList<HashtagItem> rows;
-    for (const TagCount& each : tags.first(std::min(tags.size(), hashtagRowLimit)))
+    for (const TagCount& each : tags)
         rows.append({each.tag, static_cast<int>(each.count)});
     return rows;
 }

@@ -27,7 +27,8 @@ namespace jotwell {
 /// The rows of those folders whose name holds `search` anywhere.
 [[nodiscard]] QList<FolderItem> matchingFolders(const QStringList& names, const QString& search);
 
-/// The first 20 tags.
+/// So many tags are listed.
+inline constexpr qsizetype hashtagRowLimit = 20;
 [[nodiscard]] QList<HashtagItem> hashtagRows(const QList<TagCount>& tags);
 
 } // namespace jotwell

@@ -1,6 +1,7 @@
 #include "Services/Input/CommandText.h"
 
 #include "QtPrinters.h"
+#include "Services/Input/InputSamples.h"
 
 #include <gtest/gtest.h>
 
@@ -119,6 +120,16 @@ TEST_P(QueryIn, IsWhatIsLeftOfTheText)
 
 INSTANTIATE_TEST_SUITE_P(Rows, QueryIn, testing::ValuesIn(queryRows),
                          [](const auto& row) { return std::string(row.param.name); });
+
+TEST(CommandText, ContainsACommandAsAnyText)
+{
+    InputSamples samples(5);
+    for (int round = 0; round < 20'000; ++round) {
+        const QString text = samples.text(8) + samples.anyOf({u"/"_qs, u"/recen"_qs, QString()});
+        for (const Command each : allCommands)
+            ASSERT_EQ(containsCommand(text, each), text.contains(rawValue(each))) << round;
+    }
+}
 
 TEST(CommandText, NameOfTenMegabytesIsFoundWhole)
 {

@@ -237,6 +237,16 @@ TEST(PartialTokens, ExistIfTheirPatternsMatchInAnyText)
     EXPECT_GT(existing, 400);
 }
 
+TEST(PartialTokens, AreFoundHoweverFarBeforeTheEnd)
+{
+    for (const qsizetype length : {0, 1, 1022, 1023, 1024, 1025, 2047, 2048, 5000}) {
+        const QString rest = u'!' + QString(length, u'x');
+        EXPECT_EQ(currentParameterInput(u"$a b $"_qs + rest), u'$' + rest) << length;
+        EXPECT_EQ(currentHashtagInput(u"#a "_qs + u'#' + rest), u'#' + rest) << length;
+        EXPECT_EQ(currentParameterInput(rest), std::nullopt) << length;
+    }
+}
+
 TEST(PartialTokens, TakeTimeInProportionToTheText)
 {
     const QString openParameter = u'$' + QString(200'000, u' ') + u'x';

@@ -1,6 +1,7 @@
 #include "Services/Input/RowFilter.h"
 
 #include "QtPrinters.h"
+#include "Services/Input/InputSamples.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -93,18 +94,23 @@ TEST_P(MatchingNames, HoldTheSearch)
 INSTANTIATE_TEST_SUITE_P(Rows, MatchingNames, testing::ValuesIn(namesRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST(RowFilter, TagsAreCutToTwenty)
+TEST(RowFilter, NamesAreComparedInLowerCase)
 {
-    QList<TagCount> tags;
-    EXPECT_THAT(hashtagRows(tags), IsEmpty());
-    for (int each = 0; each < 25; ++each)
-        tags.append({u"tag%1"_qs.arg(each), 25 - each});
-    const QList<HashtagItem> rows = hashtagRows(tags);
-    ASSERT_EQ(rows.size(), 20);
-    EXPECT_EQ(rows.first(), (HashtagItem{u"tag0"_qs, 25}));
-    EXPECT_EQ(rows.last(), (HashtagItem{u"tag19"_qs, 6}));
-    EXPECT_THAT(hashtagRows(tags.first(2)),
-                ElementsAre(HashtagItem{u"tag0"_qs, 25}, HashtagItem{u"tag1"_qs, 24}));
+    InputSamples samples(6);
+    for (int round = 0; round < 20'000; ++round) {
+        const QString name = samples.text(3) + samples.anyOf({u"Daily NOTE"_qs, QString()});
+        const QString search = samples.anyOf({samples.text(1), name.mid(samples.below(6), 3)});
+        ASSERT_EQ(matchingFolders({name}, search).size(),
+                  name.toLower().contains(search.toLower()) ? 1 : 0)
+            << round;
+    }
+}
+
+TEST(RowFilter, TagsKeepTheirOrderAndCount)
+{
+    EXPECT_THAT(hashtagRows({}), IsEmpty());
+    EXPECT_THAT(hashtagRows({{u"b"_qs, 2}, {u"a"_qs, 1}}),
+                ElementsAre(HashtagItem{u"b"_qs, 2}, HashtagItem{u"a"_qs, 1}));
 }
 
 } // namespace
