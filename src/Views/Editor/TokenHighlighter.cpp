@@ -111,8 +111,8 @@ TokenRanges highlightTokens(AttributedText& to, QStringView text, qsizetype limi
     return tokens;
 }
 
-// The matches of (/[\w-]+) don't overlap, so of those that reach up to the cursor only the last two
-// slashes can matter: one right at the cursor that has no word, and the one before it.
+// The matches of (/[\w-]+) don't overlap: if the last one that begins up to the cursor ends before
+// it, so do all others.
 std::optional<TextRange> slashWordAt(QStringView text, qsizetype limit, qsizetype cursor)
 {
     const QStringView seen = text.first(limit);
@@ -124,8 +124,6 @@ std::optional<TextRange> slashWordAt(QStringView text, qsizetype limit, qsizetyp
         const qsizetype end = afterHyphenatedWord(seen, slash + 1);
         if (end > slash + 1)
             return end >= cursor ? std::optional(TextRange{slash, end - slash}) : std::nullopt;
-        if (slash < cursor)
-            break;
         from = slash - 1;
     }
     return std::nullopt;
