@@ -37,13 +37,15 @@ void CustomTextEditor::makeView(QTextDocument& document, std::unique_ptr<TextSel
     m_view->setOnTemplateClick(m_bindings.onTemplateClick);
     m_view->setOnHashtagClick(m_bindings.onHashtagClick);
     EditorDocument& text = m_view->document();
+    // Before anyone listens: it is styled when it changes.
+    text.setString(m_bindings.text(), EditorDocument::UndoStep::own);
     connect(&text, &EditorDocument::aboutToLayOut, this, &CustomTextEditor::documentIsChanging);
     connect(&text, &EditorDocument::edited, this, &CustomTextEditor::documentEdited);
     connect(&text, &EditorDocument::compositionEnded, this, &CustomTextEditor::compositionEnded);
     connect(&text, &EditorDocument::hasEndlessWordChanged, this,
             &CustomTextEditor::hasEndlessWordChanged);
-    text.setString(m_bindings.text(), EditorDocument::UndoStep::own);
     emit viewMade();
+    emit hasEndlessWordChanged();
     updateView();
 }
 

@@ -2,7 +2,7 @@
 
 #include "Platform/Scheduler.h"
 #include "Views/Editor/EmojiRanges.h"
-#include "Views/Editor/MarkdownHighlighter.h"
+#include "Views/Editor/StyledText.h"
 
 #include <QScopedValueRollback>
 
@@ -75,11 +75,9 @@ bool CustomTextEditorCoordinator::handleCommandBackspace()
 void CustomTextEditorCoordinator::highlightCommands()
 {
     const QString& text = m_view.string();
-    const qsizetype count = characterCount(text);
-    AttributedText attributes(utf16Length(text));
-    MarkdownHighlighter::shared().applyMarkdownFontStyling(attributes, text, count);
-    m_found = highlightTokens(attributes, text, count, m_parent.tokenNames);
-    m_view.styles().apply(m_view.document(), attributes.runs(), emojiRanges(text));
+    StyledText styled = styledText(text, m_parent.tokenNames);
+    m_view.styles().apply(m_view.document(), styled.runs, emojiRanges(text));
+    m_found = std::move(styled.tokens);
     // The views are not to see new chips in the midst of an update.
     if (!std::exchange(m_storesChips, true))
         m_scheduler.after({}, this, [this] { storeChips(); });

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Views/Editor/AttributedText.h"
 #include "Views/Editor/CustomTextEditorBindings.h"
 #include "Views/Editor/RoundedBackgroundTextView.h"
 
