@@ -20,6 +20,7 @@ Driver::Driver(Session& session)
     addContentOps(m_operations);
     addIndexOps(m_operations, session);
     addTemplateSyncOps(m_operations);
+    addEditorOps(m_operations, session);
     m_operations.add(u"driver.info", {}, [this, &session] { return info(session); });
 }
 
