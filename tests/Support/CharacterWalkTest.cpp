@@ -6,9 +6,12 @@
 
 #include <QString>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <random>
+#include <thread>
 #include <vector>
 
 namespace jotwell {
@@ -167,6 +170,21 @@ TEST(CharacterWalk, LongTextsOfAllScriptsAreAsTheBreakIteratorHasThem)
     EXPECT_EQ(characterCount(text), qsizetype(ends.size()));
     for (qsizetype most = 1; most <= qsizetype(ends.size()); most += 97)
         EXPECT_EQ(firstCharacters(text, most).size(), ends[most - 1]);
+}
+
+TEST(CharacterWalk, ThreadsCountTheSame)
+{
+    QString text; // of every page of the kinds, which are made by whoever comes first
+    for (char32_t code = 0xFFFF; code > 0x40; code -= 0x40)
+        text += QChar(static_cast<char16_t>(code));
+    std::array<qsizetype, 4> counts{};
+    std::vector<std::thread> threads;
+    for (qsizetype& count : counts)
+        threads.emplace_back([&count, &text] { count = characterCount(text); });
+    for (std::thread& thread : threads)
+        thread.join();
+    const auto expected = static_cast<qsizetype>(Reference().endsIn(text).size());
+    EXPECT_THAT(counts, testing::Each(expected));
 }
 
 TEST(CharacterWalk, NoCharactersAreAskedFor)
