@@ -90,8 +90,7 @@ private:
             take(UCHAR_REGIONAL_INDICATOR);
         if (has(base, UCHAR_EMOJI_MODIFIER_BASE) && take(UCHAR_EMOJI_MODIFIER))
             m_sequence.isEmoji = true;
-        if (m_sequence.isEmoji)
-            readMarks();
+        readMarks();
         return true;
     }
 

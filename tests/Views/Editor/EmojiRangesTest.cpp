@@ -85,6 +85,10 @@ const Emoji oneEmoji[] = {
     {"a joiner before half an emoji", u"\U0001F468\u200d\xD83D", {{0, 2}}},
     {"a selector too many", u"\U0001F600\ufe0f\ufe0f", {{0, 3}}},
     {"a tone on a symbol that is to be text", u"\u261d\ufe0e\U0001F3FD", {{2, 2}}},
+    {"a tone on a text symbol that takes none", u"\u2764\U0001F3FD", {{1, 2}}},
+    {"a flag behind a text symbol", u"\u2764\U0001F1E9\U0001F1EA", {{1, 4}}},
+    {"an end of tags without tags", u"\U0001F3F4\U000E007F", {{0, 2}}},
+    {"a joiner before a digit", u"\U0001F468\u200d1", {{0, 2}}},
     {"crossed out", u"\U0001F6AC\u20e0", {{0, 3}}}};
 
 const Emoji moreEmoji[] = {
