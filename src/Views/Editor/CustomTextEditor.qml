@@ -75,6 +75,7 @@ Flickable {
             anchors.fill: parent
             z: 2
             hoverEnabled: true
+            preventStealing: true // not for the dragging of the window
             acceptedButtons: Qt.LeftButton
             cursorShape: events.isOverChip ? Qt.PointingHandCursor : Qt.IBeamCursor
             onPressed: mouse => {
@@ -85,7 +86,7 @@ Flickable {
             onPositionChanged: mouse => {
                 const point = Qt.point(mouse.x, mouse.y)
                 events.mouseMoved(point)
-                textDrag.mouseMoved(point, area)
+                textDrag.mouseMoved(point)
             }
             onReleased: mouse => textDrag.mouseReleased(Qt.point(mouse.x, mouse.y))
             onEntered: events.mouseMoved(Qt.point(mouseX, mouseY))

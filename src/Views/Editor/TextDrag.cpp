@@ -21,16 +21,27 @@ bool TextDrag::mousePressed(const QPointF& point)
     return isOnSelection;
 }
 
-void TextDrag::mouseMoved(const QPointF& point, QQuickItem* source)
+void TextDrag::mouseMoved(const QPointF& point)
 {
     const int distance = QGuiApplication::styleHints()->startDragDistance();
     if (!m_pressed || !hasView() || (point - *m_pressed).manhattanLength() < distance)
         return;
     m_pressed.reset();
+    // Not amidst the delivery of this event: who comes after us would take the end of the dragging
+    // for a movement of the mouse with its button down.
+    QMetaObject::invokeMethod(
+        this, [this] { dragSelection(); }, Qt::QueuedConnection);
+}
+
+void TextDrag::dragSelection()
+{
+    if (!hasView() || !QGuiApplication::mouseButtons().testFlag(Qt::LeftButton))
+        return;
     m_dragged = m_editor->view().selectedRange();
     auto* const data = new QMimeData;
     data->setText(m_editor->view().string().mid(m_dragged->location, m_dragged->length));
-    auto* const drag = new QDrag(source); // goes with the end of the dragging
+    // Goes with the end of the dragging. Its source is no item, as no item takes its own drops.
+    auto* const drag = new QDrag(this);
     drag->setMimeData(data);
     const QPointer self(this);
     const Qt::DropAction action = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);

@@ -2,9 +2,9 @@
 
 #include "Views/Editor/CustomTextEditor.h"
 
+#include <QObject>
 #include <QPointF>
 #include <QPointer>
-#include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
 #include <optional>
@@ -24,8 +24,8 @@ public:
 
     /// The mouse was pressed; true if that was on the selection, which may now be dragged away.
     Q_INVOKABLE bool mousePressed(const QPointF& point);
-    /// Drags the selection once the mouse has moved far enough, and comes back when it is dropped.
-    Q_INVOKABLE void mouseMoved(const QPointF& point, QQuickItem* source);
+    /// Drags the selection, soon, once the mouse has moved far enough.
+    Q_INVOKABLE void mouseMoved(const QPointF& point);
     /// A press on the selection that dragged nothing is a click: the cursor goes there.
     Q_INVOKABLE void mouseReleased(const QPointF& point);
     /// Puts in `text`; a selection of this editor that is being moved goes from its old place.
@@ -33,6 +33,7 @@ public:
 
 private:
     [[nodiscard]] bool hasView() const { return m_editor && m_editor->hasView(); }
+    void dragSelection();
     void removeDragged();
 
     QPointer<CustomTextEditor> m_editor;
