@@ -1,39 +1,80 @@
 #include "Views/Editor/ChipGeometry.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QGlyphRun>
+#include <QRawFont>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
 
 #include <algorithm>
+#include <optional>
 
 namespace jotwell {
 
 namespace {
 
-// In a line that runs both ways the text may stand in several places: the space from the leftmost
-// to the rightmost of them is its own.
-QRectF rectInLine(const QTextLine& line, int from, int to)
+// Or may, for what isn't one unit.
+bool runsToTheLeft(QChar c)
 {
-    qreal left = line.cursorToX(from);
-    qreal right = left;
-    for (int at = from + 1; at <= to; ++at) {
-        const qreal x = line.cursorToX(at);
-        left = std::min(left, x);
-        right = std::max(right, x);
+    switch (c.direction()) {
+    case QChar::DirR:
+    case QChar::DirAL:
+    case QChar::DirRLE:
+    case QChar::DirRLO:
+    case QChar::DirRLI:
+        return true;
+    default:
+        return c.isSurrogate();
     }
-    return {left, line.y(), right - left, line.height()};
 }
 
-void appendRects(QList<QRectF>& rects, const QTextLayout& layout, const QPointF& origin, int from,
+/// The left and the right border of text.
+using Extent = std::pair<qreal, qreal>;
+
+// At the borders of text that runs the other way a cursor has two places, of which the layout tells
+// one: what is drawn is asked. The space from the leftmost to the rightmost of it is its own.
+Extent drawnExtent(const QTextLine& line, int from, int to)
+{
+    std::optional<Extent> all;
+    for (const QGlyphRun& run : line.glyphRuns(from, to - from)) {
+        const QList<QPointF> places = run.positions();
+        const QList<QPointF> advances = run.rawFont().advancesForGlyphIndexes(run.glyphIndexes());
+        for (qsizetype each = 0; each < places.size(); ++each) {
+            const qreal left = places[each].x();
+            const qreal right = left + advances[each].x();
+            all = all ? Extent(std::min(all->first, left), std::max(all->second, right))
+                      : Extent(left, right);
+        }
+    }
+    return all.value_or(Extent(line.cursorToX(from), line.cursorToX(from)));
+}
+
+// Text beside the line is part of what decides on the places of its cursors.
+bool mayRunToTheLeft(const QTextLine& line, QStringView paragraph)
+{
+    const qsizetype start = std::clamp<qsizetype>(line.textStart() - 1, 0, paragraph.size());
+    const qsizetype length = std::min(line.textLength() + qsizetype(2), paragraph.size() - start);
+    const QStringView around = paragraph.sliced(start, length);
+    return std::any_of(around.begin(), around.end(), runsToTheLeft);
+}
+
+void appendRects(QList<QRectF>& rects, const QTextBlock& block, const QPointF& origin, int from,
                  int to)
 {
+    const QTextLayout& layout = *block.layout();
+    const QString paragraph = block.text();
     for (int number = 0; number < layout.lineCount(); ++number) {
         const QTextLine line = layout.lineAt(number);
         const int start = std::max(from, line.textStart());
         const int end = std::min(to, line.textStart() + line.textLength());
-        if (start < end)
-            rects.append(rectInLine(line, start, end).translated(origin));
+        if (start >= end)
+            continue;
+        const bool isSimple =
+            layout.preeditAreaText().isEmpty() && !mayRunToTheLeft(line, paragraph);
+        const auto [left, right] = isSimple ? Extent(line.cursorToX(start), line.cursorToX(end))
+                                            : drawnExtent(line, start, end);
+        rects.append(QRectF(left, line.y(), right - left, line.height()).translated(origin));
     }
 }
 
@@ -57,7 +98,7 @@ QList<QRectF> rectsForRange(const QTextDocument& document, int from, int to)
         const QTextLayout& layout = *block.layout();
         const int start = std::max(from - block.position(), 0);
         const int end = std::min(to - block.position(), block.length() - 1);
-        appendRects(rects, layout, place.topLeft(), inLayout(layout, start), inLayout(layout, end));
+        appendRects(rects, block, place.topLeft(), inLayout(layout, start), inLayout(layout, end));
     }
     return rects;
 }

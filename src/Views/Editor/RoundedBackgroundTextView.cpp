@@ -188,10 +188,17 @@ bool RoundedBackgroundTextView::isOverChip(const QPointF& point) const
 {
     const QTextDocument* const document = m_document.document();
     const QPointF inset(textContainerInset, textContainerInset);
-    // The pointer is over a chip or beside it, so that the place nearest to it touches the chip.
-    const qsizetype index = characterIndexForInsertion(point);
+    // The pointer is over a chip or beside it, so that the place nearest to it touches the chip; by
+    // its margins a chip reaches over the lines next to its own.
+    const QPointF up(0, chipMargins.top() + 1);
+    const qsizetype places[] = {characterIndexForInsertion(point),
+                                characterIndexForInsertion(point - up),
+                                characterIndexForInsertion(point + up)};
     const auto isOver = [&](const TextRange& range) {
-        if (!document || index < range.location || index > range.end())
+        const auto touches = [&range](qsizetype place) {
+            return place >= range.location && place <= range.end();
+        };
+        if (!document || std::none_of(std::begin(places), std::end(places), touches))
             return false;
         const QList<QRectF> rects = rectsForRange(*document, m_document.toDocument(range.location),
                                                   m_document.toDocument(range.end()));

@@ -210,6 +210,18 @@ TEST_F(EditorDocumentTest, ReplacementsNeverPartACharacter)
     EXPECT_EQ(text.string(), of(u"a\U0001F600b"));
 }
 
+TEST_F(EditorDocumentTest, ReplacementsNeverPartALineEndOfTwoUnits)
+{
+    text.setString(of(u"a\r\nb"), EditorDocument::UndoStep::own);
+    text.setString(of(u"a\rxb"), EditorDocument::UndoStep::own);
+    EXPECT_EQ(text.string(), of(u"a\rxb"));
+    EXPECT_EQ(document.toPlainText(), of(u"a\nxb"));
+    text.setString(of(u"a\nb"), EditorDocument::UndoStep::own);
+    text.setString(of(u"a\r\nb"), EditorDocument::UndoStep::own);
+    EXPECT_EQ(text.string(), of(u"a\r\nb"));
+    EXPECT_EQ(document.toPlainText(), of(u"a\nb"));
+}
+
 TEST_F(EditorDocumentTest, ReplacesTheRangeThatItIsToldOf)
 {
     text.setString(of(u"/x/x"), EditorDocument::UndoStep::own);
