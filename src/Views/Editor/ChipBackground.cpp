@@ -16,6 +16,7 @@ constexpr float hoveredAlpha = 0.2F;
 ChipBackground::ChipBackground(QQuickItem* parent) : QQuickPaintedItem(parent)
 {
     setAntialiasing(true);
+    setOpacity(0);
     for (const auto signal : {&QQuickItem::xChanged, &QQuickItem::yChanged,
                               &QQuickItem::widthChanged, &QQuickItem::heightChanged})
         connect(this, signal, this, &QQuickItem::polish);
@@ -55,6 +56,7 @@ void ChipBackground::updatePolish()
         return;
     m_origin = position();
     m_chips = std::move(chips);
+    setOpacity(m_chips.empty() ? 0 : 1); // what isn't to be seen isn't drawn at all
     update();
 }
 

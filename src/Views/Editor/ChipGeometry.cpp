@@ -106,11 +106,23 @@ QList<QRectF> rectsForRange(const QTextDocument& document, int from, int to)
 std::pair<int, int> positionsBetween(const QTextDocument& document, qreal top, qreal bottom)
 {
     const QAbstractTextDocumentLayout& layout = *document.documentLayout();
-    const int first = layout.hitTest({0, top}, Qt::FuzzyHit);
-    const int last = layout.hitTest({0, bottom}, Qt::FuzzyHit);
-    const QTextBlock firstBlock = document.findBlock(std::max(first, 0));
-    const QTextBlock lastBlock = document.findBlock(std::max(last, 0));
-    return {firstBlock.position(), lastBlock.position() + lastBlock.length()};
+    // The paragraphs stand one below the other. (Asking the layout what is hit goes through them
+    // all.)
+    const auto firstEndingBelow = [&](qreal height) {
+        int from = 0;
+        int to = document.blockCount() - 1;
+        while (from < to) {
+            const int middle = (from + to) / 2;
+            const QTextBlock block = document.findBlockByNumber(middle);
+            if (layout.blockBoundingRect(block).bottom() < height)
+                from = middle + 1;
+            else
+                to = middle;
+        }
+        return document.findBlockByNumber(from);
+    };
+    const QTextBlock last = firstEndingBelow(bottom);
+    return {firstEndingBelow(top).position(), last.position() + last.length()};
 }
 
 } // namespace jotwell

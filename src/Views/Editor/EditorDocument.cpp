@@ -120,6 +120,11 @@ void EditorDocument::setString(const QString& text, UndoStep step)
         return;
     if (step == UndoStep::joined)
         takeBackLastStep();
+    replaceDifference(text);
+}
+
+void EditorDocument::replaceDifference(const QString& text)
+{
     const Difference changed = difference(m_string, text);
     replace({changed.from, changed.oldEnd - changed.from},
             text.sliced(changed.from, changed.newEnd - changed.from), text);
@@ -142,6 +147,7 @@ void EditorDocument::replace(const TextRange& range, const QString& text, const 
     const QScopedValueRollback replacement(m_replacement, std::optional(whole));
     cursor.beginEditBlock();
     cursor.insertText(text);
+    setDirections(cursor, paragraphsToTurn());
     // Changes nothing, but keeps what is typed next from becoming part of this step.
     cursor.setBlockFormat(cursor.blockFormat());
     cursor.endEditBlock();
@@ -191,10 +197,30 @@ void EditorDocument::contentsChanged()
 {
     const bool hasEnded = m_wasComposing && !isComposing();
     m_wasComposing = isComposing();
-    if (std::exchange(m_isEdited, false))
+    const bool isEdited = std::exchange(m_isEdited, false);
+    if ((isEdited || hasEnded) && !m_wasComposing)
+        turnParagraphs();
+    if (isEdited)
         emit edited();
     if (hasEnded)
         emit compositionEnded();
+}
+
+std::vector<ParagraphDirection> EditorDocument::paragraphsToTurn()
+{
+    m_hasDirections = m_hasDirections || hasRightToLeft(m_string);
+    return m_hasDirections ? wrongDirections(*m_document) : std::vector<ParagraphDirection>();
+}
+
+// As part of the edit that asks for it: by itself it would be one more step to undo.
+void EditorDocument::turnParagraphs()
+{
+    // What an undo or a redo brings back has its directions.
+    if (m_document->isRedoAvailable() || paragraphsToTurn().empty())
+        return;
+    const QString edited = m_string;
+    takeBackLastStep();
+    replaceDifference(edited);
 }
 
 bool EditorDocument::takeOver(int position, int removed, int added)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Support/TextUnits.h"
+#include "Views/Editor/ParagraphDirections.h"
 
 #include <QObject>
 #include <QPointer>
@@ -63,7 +64,10 @@ private:
     void findEndlessWord(int position, int added);
     void setHasEndlessWord(bool has);
     void replace(const TextRange& range, const QString& text, const QString& whole);
+    void replaceDifference(const QString& text);
     void takeBackLastStep();
+    void turnParagraphs();
+    [[nodiscard]] std::vector<ParagraphDirection> paragraphsToTurn();
 
     QPointer<QTextDocument> m_document;
     QString m_string;
@@ -74,6 +78,7 @@ private:
     bool m_hasEndlessWord = false;
     bool m_isEdited = false;
     bool m_isTakingBack = false;
+    bool m_hasDirections = false; ///< some text runs or ran from right to left
 };
 
 } // namespace jotwell

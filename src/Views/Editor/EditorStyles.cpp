@@ -80,9 +80,10 @@ void EditorStyles::apply(const EditorDocument& text, const std::vector<Attribute
 {
     const std::vector<StyleRun> all = styleRuns(text, runs, emoji);
     auto next = all.begin();
+    int end = 0; // asking each paragraph for its position takes its time
     for (QTextBlock block = text.document()->begin(); block.isValid(); block = block.next()) {
-        const int start = block.position();
-        const int end = start + block.length();
+        const int start = end;
+        end += block.length();
         std::vector<StyleRun> own;
         for (; next != all.end() && next->start < end; ++next) {
             const int from = std::max(next->start, start);

@@ -232,6 +232,48 @@ TEST_F(EditorDocumentTest, ReplacesTheRangeThatItIsToldOf)
     EXPECT_EQ(behindFirst.position(), 0);
 }
 
+TEST_F(EditorDocumentTest, EachParagraphRunsTheWayOfItsText)
+{
+    QTextOption option = document.defaultTextOption();
+    option.setTextDirection(Qt::LeftToRight); // as a text area sets it
+    document.setDefaultTextOption(option);
+    type(0, u"one\n\u05E9\u05DC /recent\n123 \u05D0\n456");
+    const auto direction = [this](int block) {
+        return document.findBlockByNumber(block).textDirection();
+    };
+    EXPECT_EQ(direction(0), Qt::LeftToRight);
+    EXPECT_EQ(direction(1), Qt::RightToLeft);
+    EXPECT_EQ(direction(2), Qt::RightToLeft);
+    text.setString(of(u"\u05D0\none"), EditorDocument::UndoStep::own);
+    EXPECT_EQ(direction(0), Qt::RightToLeft);
+    EXPECT_EQ(direction(1), Qt::LeftToRight);
+}
+
+TEST_F(EditorDocumentTest, TurningAParagraphIsNoStepOfItsOwn)
+{
+    type(0, u"one\n");
+    for (int at = 4; at < 7; ++at)
+        type(at, u"\u05E9");
+    EXPECT_EQ(document.lastBlock().textDirection(), Qt::RightToLeft);
+    EXPECT_EQ(events.count(QStringLiteral("edited")), 4);
+    while (document.isUndoAvailable()) {
+        const QString before = text.string();
+        document.undo();
+        EXPECT_NE(text.string(), before);
+    }
+    EXPECT_EQ(text.string(), QString());
+    while (document.isRedoAvailable())
+        document.redo();
+    EXPECT_EQ(text.string(), of(u"one\n\u05E9\u05E9\u05E9"));
+    EXPECT_EQ(document.lastBlock().textDirection(), Qt::RightToLeft);
+}
+
+TEST_F(EditorDocumentTest, TextFromLeftToRightIsLeftAlone)
+{
+    type(0, u"one\ntwo");
+    EXPECT_EQ(document.begin().blockFormat().layoutDirection(), Qt::LayoutDirectionAuto);
+}
+
 TEST_F(EditorDocumentTest, FindsEndlessWords)
 {
     text.setString(QString(3999, u'a'), EditorDocument::UndoStep::own);

@@ -478,6 +478,19 @@ TestCase {
         verify(!bench.text.includes("new_note"))
     }
 
+    function test_cursor_stays_behind_what_turns_a_paragraph() {
+        type("one")
+        keyClick(Qt.Key_Return)
+        bench.compose("", "\u05e9")
+        compare(area.cursorPosition, 5)
+        type("ab")
+        compare(bench.text, "one\n\u05e9ab")
+        area.cursorPosition = 4
+        type("x") // turns it back
+        compare(area.cursorPosition, 5)
+        compare(bench.text, "one\nx\u05e9ab")
+    }
+
     // Text from elsewhere
 
     function test_pasted_text_is_plain_and_parsed() {
