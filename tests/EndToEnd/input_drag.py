@@ -7,20 +7,29 @@ from editor import editing
 from processes import wait_until
 
 HIGHER, LOWER = -100, 250  # the tops of two windows whose cards don't overlap then
+NOWHERE = 3, 790  # where nothing takes text
 STEPS = 8
 
 
 class Dragging(unittest.TestCase):
     def drag(self, desktop, start, end):
-        """Presses the mouse at the one place and lets it go at the other, once the pointer has
-        shown that the text is welcome there."""
+        """Presses the mouse at the one place and lets it go at the other, once the pointer shows
+        that the text is welcome there."""
         desktop.ask("xdotool", "mousemove", *map(str, start), "mousedown", "1")
-        before = desktop.pointer_shape()
+        shape = desktop.pointer_shape
+        unwelcome = {shape()}
+        self.move(desktop, start, NOWHERE)
+        wait_until(lambda: shape() not in unwelcome, "the pointer of a drag")
+        wait_until(lambda: len({shape() for _ in range(20)}) == 1, "the pointer over nothing")
+        unwelcome.add(shape())
+        self.move(desktop, NOWHERE, end)
+        wait_until(lambda: shape() not in unwelcome, "the pointer of a drag that is welcome")
+        desktop.ask("xdotool", "mouseup", "1")
+
+    def move(self, desktop, start, end):
         for step in range(1, STEPS + 1):
             place = [a + (b - a) * step // STEPS for a, b in zip(start, end)]
             desktop.ask("xdotool", "mousemove", *map(str, place))
-        wait_until(lambda: desktop.pointer_shape() != before, "the pointer of a drag")
-        desktop.ask("xdotool", "mouseup", "1")
 
     def test_selection_moves_within_the_editor(self):
         with editing() as editor:
