@@ -169,8 +169,8 @@ void CommandTemplateState::updateHashtagDropdown(const QString& input)
 
 void CommandTemplateState::selectItem(const Item& item)
 {
-    const Item chosen = item; // it may be one of the fields that change meanwhile
-    std::visit([this](const auto& actual) { select(actual); }, chosen);
+    // A copy: whoever shows the rows may put others in their place meanwhile.
+    std::visit([this](const auto& actual) { select(actual); }, Item(item));
 }
 
 void CommandTemplateState::select(Command command)
@@ -260,16 +260,13 @@ void CommandTemplateState::putToken(const std::optional<TextRange>& clicked,
 
 bool CommandTemplateState::handleArrowKey(ArrowDirection direction)
 {
-    const qsizetype count = m_dropdown.items().size();
-    if (!m_fields->showDropdown || count == 0)
+    if (!m_fields->showDropdown || m_dropdown.items().isEmpty())
         return false;
-    const auto selected = m_dropdown.selectedIndex();
-    if (!selected)
+    const qsizetype step = direction == ArrowDirection::up ? -1 : 1;
+    if (const auto selected = m_dropdown.selectedIndex())
+        selectItemAtIndex(*selected + step, direction); // at an end there is no such row
+    else
         selectItemAtIndex(0, std::nullopt);
-    else if (direction == ArrowDirection::up && *selected > 0)
-        selectItemAtIndex(*selected - 1, direction);
-    else if (direction == ArrowDirection::down && *selected < count - 1)
-        selectItemAtIndex(*selected + 1, direction);
     return true;
 }
 

@@ -104,6 +104,26 @@ TEST_F(InputSelectionTest, SearchIsPutInWithoutABlankBehind)
     EXPECT_TRUE(state->forceTextUpdate());
 }
 
+TEST_F(InputSelectionTest, BlanksAtTheEndsGoAndLineEndsStay)
+{
+    type(u"\n /se"_qs);
+    EXPECT_TRUE(state->handleEnterKey());
+    EXPECT_EQ(state->text(), u"\n /search_notes"_qs);
+    type(u"\u00a0 a /se"_qs);
+    EXPECT_TRUE(state->handleEnterKey());
+    EXPECT_EQ(state->text(), u"a /search_notes"_qs);
+}
+
+TEST_F(InputSelectionTest, RowsMayChangeWhileOneIsChosen)
+{
+    type(u"note #"_qs);
+    QList<CommandTemplateState::Item> shown = state->dropdownItems();
+    QObject::connect(state.get(), &CommandTemplateState::changed, state.get(),
+                     [&shown] { shown = {}; });
+    state->selectItem(shown.first());
+    EXPECT_EQ(state->text(), u"note #tasks "_qs);
+}
+
 TEST_F(InputSelectionTest, SearchIsAssignedInOrder)
 {
     state->setText(u"a /se b"_qs);

@@ -8,10 +8,11 @@ namespace jotwell {
 
 namespace {
 
-// Whether a character ends between the two whatever else stands around them.
+// Whether a character ends between the two whatever else stands around them; `left` is no white
+// space.
 bool alwaysPart(QChar left, QChar right)
 {
-    return left.unicode() < 0x300 && right.unicode() < 0x300 && (left != u'\r' || right != u'\n');
+    return left.unicode() < 0x300 && right.unicode() < 0x300;
 }
 
 } // namespace

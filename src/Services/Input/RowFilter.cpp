@@ -3,7 +3,6 @@
 #include "Support/TextUnits.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace jotwell {
 
@@ -21,10 +20,9 @@ bool holds(const QString& name, const QString& lowerSearch)
     if (!std::ranges::all_of(name, isAscii))
         return name.toLower().contains(lowerSearch);
     // Without a lower-case copy of each name: there are hundreds at each key stroke.
-    return !std::ranges::search(name, lowerSearch, std::equal_to(), lowerAscii,
-                                [](QChar unit) { return unit.unicode(); })
-                .empty() ||
-           lowerSearch.isEmpty();
+    const auto isEqual = [](QChar unit, QChar lower) { return lowerAscii(unit) == lower; };
+    return lowerSearch.isEmpty() || std::search(name.begin(), name.end(), lowerSearch.begin(),
+                                                lowerSearch.end(), isEqual) != name.end();
 }
 
 } // namespace
@@ -36,11 +34,10 @@ QString searchIn(const QString& partialToken)
 
 QList<Command> matchingCommands(const QString& input)
 {
-    QList<Command> commands(allCommands.begin(), allCommands.end());
-    if (characterCount(input) != 1) {
-        const QString search = searchIn(input.toLower());
-        commands.removeIf([&search](Command each) { return !holds(rawValue(each), search); });
-    }
+    const QString search = searchIn(input.toLower());
+    QList<Command> commands;
+    std::ranges::copy_if(allCommands, std::back_inserter(commands),
+                         [&search](Command each) { return holds(rawValue(each), search); });
     return commands;
 }
 

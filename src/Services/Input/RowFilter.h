@@ -18,7 +18,7 @@ namespace jotwell {
 /// What is searched for by a partial token: the token without its first character.
 [[nodiscard]] QString searchIn(const QString& partialToken);
 
-/// All commands if `input` is one character; else those that hold it without its first character.
+/// Those that hold `input` without its first character; all of them if it is one character.
 [[nodiscard]] QList<Command> matchingCommands(const QString& input);
 
 /// Those whose name holds `search` anywhere.
