@@ -64,8 +64,11 @@ void appendRects(QList<QRectF>& rects, const QTextBlock& block, const QPointF& o
 {
     const QTextLayout& layout = *block.layout();
     const QString paragraph = block.text();
-    for (int number = 0; number < layout.lineCount(); ++number) {
+    const int first = layout.lineForTextPosition(from).lineNumber();
+    for (int number = std::max(first, 0); number < layout.lineCount(); ++number) {
         const QTextLine line = layout.lineAt(number);
+        if (line.textStart() >= to)
+            return;
         const int start = std::max(from, line.textStart());
         const int end = std::min(to, line.textStart() + line.textLength());
         if (start >= end)
@@ -84,6 +87,38 @@ int inLayout(const QTextLayout& layout, int position)
     const bool isBehind =
         !layout.preeditAreaText().isEmpty() && position > layout.preeditAreaPosition();
     return isBehind ? position + static_cast<int>(layout.preeditAreaText().size()) : position;
+}
+
+// The first of so many things, one below the other, that ends at that height or below, or the last.
+template <typename Bottom>
+int firstEndingBelow(int count, qreal height, Bottom bottomOf)
+{
+    int from = 0;
+    int to = count - 1;
+    while (from < to) {
+        const int middle = (from + to) / 2;
+        if (bottomOf(middle) < height)
+            from = middle + 1;
+        else
+            to = middle;
+    }
+    return from;
+}
+
+// Asking the layout itself what is hit goes through all paragraphs.
+QTextBlock paragraphAt(const QTextDocument& document, qreal height)
+{
+    const auto bottomOf = [&document](int number) {
+        const QTextBlock block = document.findBlockByNumber(number);
+        return document.documentLayout()->blockBoundingRect(block).bottom();
+    };
+    return document.findBlockByNumber(firstEndingBelow(document.blockCount(), height, bottomOf));
+}
+
+QTextLine lineAt(const QTextLayout& layout, qreal height)
+{
+    const auto bottomOf = [&layout](int number) { return layout.lineAt(number).rect().bottom(); };
+    return layout.lineAt(firstEndingBelow(layout.lineCount(), height, bottomOf));
 }
 
 } // namespace
@@ -105,24 +140,18 @@ QList<QRectF> rectsForRange(const QTextDocument& document, int from, int to)
 
 std::pair<int, int> positionsBetween(const QTextDocument& document, qreal top, qreal bottom)
 {
-    const QAbstractTextDocumentLayout& layout = *document.documentLayout();
-    // The paragraphs stand one below the other. (Asking the layout what is hit goes through them
-    // all.)
-    const auto firstEndingBelow = [&](qreal height) {
-        int from = 0;
-        int to = document.blockCount() - 1;
-        while (from < to) {
-            const int middle = (from + to) / 2;
-            const QTextBlock block = document.findBlockByNumber(middle);
-            if (layout.blockBoundingRect(block).bottom() < height)
-                from = middle + 1;
-            else
-                to = middle;
-        }
-        return document.findBlockByNumber(from);
+    const auto lineOf = [&document](const QTextBlock& block, qreal height) {
+        const qreal start = document.documentLayout()->blockBoundingRect(block).top();
+        return lineAt(*block.layout(), height - start);
     };
-    const QTextBlock last = firstEndingBelow(bottom);
-    return {firstEndingBelow(top).position(), last.position() + last.length()};
+    const QTextBlock first = paragraphAt(document, top);
+    const QTextBlock last = paragraphAt(document, bottom);
+    const QTextLine firstLine = lineOf(first, top);
+    const QTextLine lastLine = lineOf(last, bottom);
+    const int start = firstLine.isValid() ? firstLine.textStart() : 0;
+    const int length = lastLine.isValid() ? lastLine.textStart() + lastLine.textLength() : 0;
+    const auto room = static_cast<int>(first.layout()->preeditAreaText().size());
+    return {first.position() + std::max(start - room, 0), last.position() + length + 1};
 }
 
 } // namespace jotwell
