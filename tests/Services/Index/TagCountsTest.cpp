@@ -101,11 +101,14 @@ TEST(TagCounts, FirstOnesAreThoseOfTheWholeList)
             tags.remove(tag);
         else
             tags.insert(tag, count);
-        const QString prefix = round % 2 == 0 ? tag : tag.first(random() % (tag.size() + 1));
+        if (round % 10 != 0)
+            continue;
+        const QString prefix = round % 20 == 0 ? tag : tag.first(random() % (tag.size() + 1));
+        const QList<TagCount> wholeList = all(tags);
+        const QList<TagCount> wholeSearch = beginningWith(tags, prefix);
         for (const qsizetype limit : {qsizetype(0), qsizetype(1), qsizetype(20), noLimit}) {
-            ASSERT_EQ(counts.all(limit), all(tags).mid(0, limit));
-            ASSERT_EQ(counts.beginningWith(prefix, limit),
-                      beginningWith(tags, prefix).mid(0, limit));
+            ASSERT_EQ(counts.all(limit), wholeList.mid(0, limit));
+            ASSERT_EQ(counts.beginningWith(prefix, limit), wholeSearch.mid(0, limit));
         }
     }
     ASSERT_GT(tags.size(), 500);
