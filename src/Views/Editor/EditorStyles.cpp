@@ -7,6 +7,7 @@
 #include <QTextLayout>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace jotwell {
@@ -80,6 +81,7 @@ void EditorStyles::apply(const EditorDocument& text, const std::vector<Attribute
 {
     const std::vector<StyleRun> all = styleRuns(text, runs, emoji);
     auto next = all.begin();
+    std::pair changed(std::numeric_limits<int>::max(), 0);
     int end = 0; // asking each paragraph for its position takes its time
     for (QTextBlock block = text.document()->begin(); block.isValid(); block = block.next()) {
         const int start = end;
@@ -92,8 +94,14 @@ void EditorStyles::apply(const EditorDocument& text, const std::vector<Attribute
             if (next->start + next->length > end)
                 break;
         }
-        show(block, std::move(own));
+        if (show(block, std::move(own))) {
+            changed.first = std::min(changed.first, start);
+            changed.second = end;
+        }
     }
+    // All at once: for each by itself all that stands behind it would be laid out again.
+    if (changed.first < changed.second)
+        text.document()->markContentsDirty(changed.first, changed.second - changed.first);
 }
 
 // Emoji are cut out of the runs, since what overlaps is merged by no one.
@@ -131,13 +139,14 @@ std::vector<EditorStyles::StyleRun> EditorStyles::styleRuns(const EditorDocument
     return all;
 }
 
-void EditorStyles::show(QTextBlock& block, std::vector<StyleRun> runs)
+bool EditorStyles::show(QTextBlock& block, std::vector<StyleRun> runs)
 {
     const auto* shown = static_cast<const StyledParagraph*>(block.userData());
     if (shown ? shown->generation == m_generation && shown->runs == runs : runs.empty())
-        return;
+        return false;
     setFormats(block, runs);
     block.setUserData(new StyledParagraph(std::move(runs), m_generation));
+    return true;
 }
 
 // An input method's own formats take the place of all others. What is shown now is out of step with
@@ -149,6 +158,8 @@ void EditorStyles::keepUp(QTextBlock block)
         return;
     setFormats(block, shown->runs);
     block.setUserData(new StyledParagraph(shown->runs, outdated));
+    const_cast<QTextDocument*>(block.document())
+        ->markContentsDirty(block.position(), block.length());
 }
 
 void EditorStyles::setFormats(const QTextBlock& block, const std::vector<StyleRun>& runs)
@@ -162,8 +173,6 @@ void EditorStyles::setFormats(const QTextBlock& block, const std::vector<StyleRu
         formats.append(range);
     }
     layout.setFormats(formats + foreignFormats(layout));
-    const_cast<QTextDocument*>(block.document())
-        ->markContentsDirty(block.position(), block.length());
 }
 
 const QTextCharFormat& EditorStyles::formatOf(const Style& style)

@@ -253,6 +253,7 @@ TEST_F(EditorStylesTest, OtherColoursAreShownAtTheNextTime)
     EXPECT_THAT(layout->laidOut, IsEmpty());
     styles.setColors({.systemBlue = Qt::cyan, .systemGreen = Qt::green});
     apply(runs);
+    EXPECT_THAT(layout->laidOut, ElementsAre(0)); // all at once
     EXPECT_EQ(formatsOf(document, 0).value(0).format.foreground().color(), QColor(Qt::cyan));
     EXPECT_EQ(formatsOf(document, 1).value(0).format.foreground().color(), QColor(Qt::cyan));
 }
