@@ -148,7 +148,7 @@ TEST_F(EditorStylesTest, FontsAreTheSystems)
     EXPECT_FALSE(system.fontItalic());
     const QTextCharFormat monospaced = formatFor(
         {.font = {.family = FontFamily::monospaced, .size = 13, .weight = FontWeight::medium}});
-    EXPECT_EQ(monospaced.fontFamilies().toStringList(), SystemFonts::shared().monospaced);
+    EXPECT_EQ(monospaced.fontFamilies().toStringList(), SystemFonts().monospaced);
     EXPECT_EQ(monospaced.property(QTextFormat::FontPixelSize).toInt(), 13);
     EXPECT_EQ(monospaced.fontWeight(), QFont::Medium);
     const QTextCharFormat italic = formatFor({.font = {.italic = true}});
@@ -188,7 +188,7 @@ TEST_F(EditorStylesTest, EmojiAreCutOutOfTheRuns)
     std::vector<bool> isEmoji;
     for (const auto& each : formatsOf(document)) {
         isBold.push_back(each.format.fontWeight() == QFont::Bold);
-        isEmoji.push_back(each.format.fontFamilies().toStringList() == SystemFonts::shared().emoji);
+        isEmoji.push_back(each.format.fontFamilies().toStringList() == SystemFonts().emoji);
     }
     EXPECT_THAT(isBold, ElementsAre(true, true, true, true, false));
     EXPECT_THAT(isEmoji, ElementsAre(false, true, false, true, true));
