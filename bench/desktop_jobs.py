@@ -37,6 +37,23 @@ def first_show(desktop):
             summary([run["first show reference"]["p50"] for run in runs]))
 
 
+TYPING = [("words", "a word of a note"), ("folder", "a word, with a folder as parameter"),
+          ("template list", "a template's name, the list open")]
+
+
+def typing(desktop):
+    """Rows of a key press by itself, and with the drawing that it causes."""
+    found = figures(BUILD / "bench" / "TypingBench", environment=desktop.environment)
+    rows = []
+    for length in (200, 2000, 20000):
+        for name, told in TYPING:
+            for part, meaning in ((" event", ", by itself"), ("", ", and its drawing")):
+                key = f"{name} {length}{part}"
+                rows.append((f"a key in {length:,} characters: {told}{meaning}", found[key],
+                             "a plain QTextEdit", found[f"{key} reference"]))
+    return rows
+
+
 def start_to_tray(desktop, watcher):
     ours, bare = [], []
     for _ in range(STARTS):
@@ -101,4 +118,5 @@ def measure():
                                 ["/usr/bin/python3", ROOT / "bench" / "tray_watcher.py"])
         wait_until(lambda: desktop.owns_name("org.kde.StatusNotifierWatcher"), "the tray")
         rows += [start_to_tray(desktop, watcher), first_show(desktop), later_show(desktop)]
+        rows += typing(desktop)
         return table(rows, memory(desktop))
