@@ -50,16 +50,20 @@ QStringList TopLevelFolders::below(const QString& folder)
     return listing ? foldersOf(*listing) : QStringList();
 }
 
-// None if the folder can't be read.
+// None if the folder can't be read, or not be entered: nothing in it can then be seen to be a
+// folder.
 std::shared_ptr<const TopLevelFolders::Listing> TopLevelFolders::listed(const QByteArray& path)
 {
     const auto readAt = m_clock.now();
     const OpenFolder open(::opendir(path.constData()), &::closedir);
     if (!open)
         return nullptr;
+    const auto status = fileStatusIn(::dirfd(open.get()), ".");
+    if (!status)
+        return nullptr;
     const auto listing = std::make_shared<Listing>();
     listing->path = path;
-    const auto status = fileStatusIn(::dirfd(open.get()), ".");
+    listing->status = *status;
     while (const dirent* entry = ::readdir(open.get())) {
         if (!isVisible(entry->d_name))
             continue;
@@ -74,10 +78,8 @@ std::shared_ptr<const TopLevelFolders::Listing> TopLevelFolders::listed(const QB
               [](const Doubtful& left, const Doubtful& right) {
                   return precedesByCodePoint(left.name, right.name);
               });
-    if (status)
-        listing->status = *status;
     const std::scoped_lock lock(m_mutex);
-    m_last = status && isProof(*listing, readAt) ? listing : nullptr;
+    m_last = isProof(*listing, readAt) ? listing : nullptr;
     return listing;
 }
 

@@ -8,6 +8,7 @@
 #include "Support/TextUnits.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,10 +24,13 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// What a plain listing gives.
+// What a plain listing gives, with each entry looked at by its path.
 QStringList reference(const QString& folder)
 {
-    QStringList names = QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
+    QStringList names =
+        QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Unsorted);
+    names.removeIf(
+        [&folder](const QString& name) { return !QFileInfo(folder + u'/' + name).isDir(); });
     std::sort(names.begin(), names.end(), precedesByCodePoint);
     return names;
 }
