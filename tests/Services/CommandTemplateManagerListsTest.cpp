@@ -100,6 +100,62 @@ TEST_F(InputListsTest, SelectedTagIsKeptByItsNameThoughItsCountChanges)
     EXPECT_EQ(state->fields().filteredHashtags.first().count, 3);
 }
 
+TEST_F(InputListsTest, SelectionOfAnotherListStaysWhereNothingForgetsIt)
+{
+    type(u"/recent $W"_qs);
+    type(u"/new_note $D"_qs);
+    EXPECT_EQ(state->fields().selectedFolder, FolderItem{u"Work"_qs});
+    type(u"/recent $W"_qs);
+    EXPECT_EQ(state->fields().selectedTemplate->name, u"Daily Note"_qs);
+    type(u"/re"_qs);
+    EXPECT_EQ(state->fields().selectedFolder, FolderItem{u"Work"_qs});
+    state->handleCommandClick({0, 3});
+    EXPECT_EQ(state->fields().selectedFolder, FolderItem{u"Work"_qs});
+}
+
+TEST_F(InputListsTest, SelectedTagStaysBehindEveryOtherList)
+{
+    type(u"#t"_qs);
+    for (const QString& text : {u"/recent $W"_qs, u"/new_note $D"_qs, u"/re"_qs}) {
+        type(text);
+        EXPECT_NE(state->fields().selectedHashtag, std::nullopt) << qPrintable(text);
+    }
+}
+
+TEST_F(InputListsTest, TagListForgetsTheTemplateBeforeTheFolder)
+{
+    type(u"/new_note $D"_qs);
+    type(u"/recent $W"_qs);
+    takeChanges();
+    type(u"#t"_qs);
+    EXPECT_THAT(takeChanges(),
+                ElementsAre(u"text = #t"_qs, u"filteredHashtags = #tasks"_qs,
+                            u"dropdownType = hashtag"_qs, u"selectedTemplate = none"_qs,
+                            u"selectedFolder = none"_qs, u"selectedHashtag = #tasks"_qs));
+}
+
+TEST_F(InputListsTest, ClosingForgetsAllSelectionsInOneOrderAndThenTheClicks)
+{
+    type(u"#t"_qs);
+    type(u"/new_note $D"_qs);
+    type(u"/recent $W"_qs);
+    takeChanges();
+    state->closeDropdowns();
+    EXPECT_THAT(takeChanges(),
+                ElementsAre(u"showDropdown = false"_qs, u"dropdownType = none"_qs,
+                            u"selectedTemplate = none"_qs, u"selectedFolder = none"_qs,
+                            u"selectedHashtag = none"_qs));
+    state->setText(u"/new_note $D"_qs);
+    state->handleHashtagClick({1, 1});
+    state->handleTemplateClick({2, 2});
+    takeChanges();
+    state->closeDropdowns();
+    EXPECT_THAT(takeChanges(),
+                ElementsAre(u"showDropdown = false"_qs, u"dropdownType = none"_qs,
+                            u"selectedTemplate = none"_qs, u"selectedHashtag = none"_qs,
+                            u"clickedTemplateRange = none"_qs, u"clickedHashtagRange = none"_qs));
+}
+
 TEST_F(InputListsTest, TwentyTagsAtMost)
 {
     addTags(25);

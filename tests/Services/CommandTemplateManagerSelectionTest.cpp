@@ -312,6 +312,45 @@ TEST_F(InputSelectionTest, RunEndsThoughTheStateIsGoneMeanwhile)
     EXPECT_THAT(takeEvents(), ElementsAre(u"1 notes"_qs));
 }
 
+TEST_F(InputSelectionTest, HiddenTemplatesAreNoParameters)
+{
+    useTemplates({u"Daily Note"_qs, u"Hidden"_qs});
+    ObsidianTemplates all = settings.obsidianTemplates();
+    all.last().showInDropdown = false;
+    settings.setObsidianTemplates(all);
+    state->setText(u"/recent  $Hidden b"_qs);
+    state->handleCommandClick({0, 7});
+    state->selectItem(Command::newNote);
+    EXPECT_EQ(state->text(), u"/new_note  $Daily Note $Hidden b"_qs);
+    state->setText(u"/new_note  $Hidden b"_qs);
+    state->handleCommandClick({0, 9});
+    state->selectItem(Command::searchNotes);
+    EXPECT_EQ(state->text(), u"/search_notes  $Hidden b"_qs);
+}
+
+TEST_F(InputSelectionTest, OnlyAChosenTemplateIsTheLastUsedOne)
+{
+    type(u"/new_note"_qs);
+    state->selectItem(Command::newNote);
+    type(u"/ne"_qs);
+    state->selectItem(Command::newNote);
+    EXPECT_EQ(settings.lastUsedTemplateId(), std::nullopt);
+}
+
+TEST_F(InputSelectionTest, FolderAndTemplateOfTheTextAreForgottenByNoOther)
+{
+    const ObsidianTemplate plan = named(u"Plan"_qs);
+    type(u"/re"_qs);
+    state->setCurrentTemplate(plan);
+    state->selectItem(Command::recentNotes);
+    EXPECT_EQ(state->fields().currentTemplate, plan);
+    state->selectItem(FolderItem{u"Work"_qs});
+    EXPECT_EQ(state->fields().currentTemplate, plan);
+    type(u"/se"_qs);
+    state->selectItem(Command::searchNotes);
+    EXPECT_EQ(state->fields().currentFolderName, u"Work"_qs);
+}
+
 TEST_F(InputSelectionTest, TagTakesTheTypedTagsPlaceWithABlankBehind)
 {
     type(u"note #ta"_qs);
@@ -350,51 +389,6 @@ TEST_F(InputSelectionTest, SelectedFieldMayBeHandedIn)
     state->selectItem(*state->selectedItem());
     EXPECT_EQ(state->text(), u"note #tasks "_qs);
 }
-
-struct StaleRow {
-    const char* name;
-    TextRange range;
-    QString text; ///< that "ab😀" becomes
-};
-
-class StaleRange : public CommandTemplateStateTest, public testing::WithParamInterface<StaleRow> {};
-
-const StaleRow staleRows[] = {
-    {"BehindTheEnd", {9, 4}, u"ab\U0001f600#work"_qs},
-    {"BeyondTheEnd", {1, 400}, u"a#work"_qs},
-    {"BeforeTheStart", {-5, 2}, u"#workab\U0001f600"_qs},
-    {"AcrossTheStart", {-5, 6}, u"#workb\U0001f600"_qs},
-    {"InsideAPair", {3, 0}, u"ab\U0001f600#work"_qs},
-    {"SecondHalfOfAPair", {3, 1}, u"ab\U0001f600#work"_qs},
-    {"FirstHalfOfAPair", {1, 2}, u"a#work\U0001f600"_qs},
-    {"NegativeLength", {1, -4}, u"a#workb\U0001f600"_qs},
-    {"LargestNumbers",
-     {std::numeric_limits<qsizetype>::max(), std::numeric_limits<qsizetype>::max()},
-     u"ab\U0001f600#work"_qs},
-};
-
-TEST_P(StaleRange, LosesNothingElse)
-{
-    state->setText(u"ab\U0001f600"_qs);
-    state->handleHashtagClick(GetParam().range);
-    state->selectItem(HashtagItem{u"work"_qs, 1});
-    EXPECT_EQ(state->text(), GetParam().text);
-}
-
-TEST_P(StaleRange, OfACommandOrAParameterDoesNoHarm)
-{
-    state->setText(u"ab\U0001f600"_qs);
-    state->handleCommandClick(GetParam().range);
-    state->selectItem(Command::searchNotes);
-    EXPECT_TRUE(state->text().contains(u"/search_notes"_qs));
-    state->setText(u"ab\U0001f600"_qs);
-    state->handleTemplateClick(GetParam().range);
-    state->selectItem(named(u"work"_qs));
-    EXPECT_EQ(state->text(), QString(GetParam().text).replace(u'#', u'$'));
-}
-
-INSTANTIATE_TEST_SUITE_P(Rows, StaleRange, testing::ValuesIn(staleRows),
-                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(InputSelectionTest, ListenerMayTurnTheFlagOffMeanwhile)
 {

@@ -60,10 +60,23 @@ TEST_F(CommandExecutionTest, ListOfNotesClearsTheTextToo)
     EXPECT_THAT(takeEvents(), ElementsAre(u"2 notes"_qs));
 }
 
+TEST_F(CommandExecutionTest, SuccessLeavesTheListAndTheFolder)
+{
+    type(u"/recent /ne"_qs);
+    ASSERT_TRUE(state->fields().showDropdown);
+    state->handleCommandClick({0, 7});
+    takeChanges();
+    EXPECT_TRUE(finished(state->executeCommand()));
+    EXPECT_THAT(takeChanges(), ElementsAre(u"text = "_qs));
+    EXPECT_TRUE(state->fields().showDropdown);
+    EXPECT_EQ(state->fields().currentFolderName, u"All Folders"_qs);
+}
+
 TEST_F(CommandExecutionTest, EmptyListIsASuccess)
 {
-    EXPECT_TRUE(executeText(u"/recent"_qs));
+    EXPECT_TRUE(executeText(u"/search_notes zz"_qs));
     EXPECT_EQ(state->text(), QString());
+    EXPECT_THAT(takeEvents(), ElementsAre(u"0 notes"_qs, u"No notes found matching 'zz'"_qs));
 }
 
 TEST_F(CommandExecutionTest, FailureKeepsTheTextAndTheTemplate)

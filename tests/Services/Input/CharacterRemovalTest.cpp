@@ -55,7 +55,7 @@ TEST(CharacterRemoval, WhatClosesUpMayBecomeOneCharacter)
 {
     EXPECT_EQ(removed(u"abx\u0308c"_qs, {{2, 1}, {1, 1}}), u"ac"_qs);
     EXPECT_EQ(removed(u"axb\u0308c"_qs, {{1, 1}, {0, 1}}), u"b\u0308c"_qs);
-    // The letter that goes leaves its neighbours as one line end.
+    // The letter that goes leaves its neighbours as one syllable.
     EXPECT_EQ(removed(u"a\u1100b\u1161c"_qs, {{2, 1}, {1, 1}}), u"ac"_qs);
 }
 
