@@ -53,6 +53,19 @@ INSTANTIATE_TEST_SUITE_P(Rows, StaleRange, testing::ValuesIn(staleRows),
 
 using InputClickedRangeTest = CommandTemplateStateTest;
 
+TEST_F(InputClickedRangeTest, ClickedCommandBecomesANewNoteWithItsParameter)
+{
+    state->setText(u"/recent  $Daily Note b"_qs);
+    state->handleCommandClick({0, 7});
+    state->selectItem(Command::newNote);
+    EXPECT_EQ(state->text(), u"/new_note   $Daily Note b"_qs) << "the user's own parameter stays";
+    EXPECT_EQ(state->fields().clickedCommandRange, std::nullopt);
+    state->setText(u"/recent  b "_qs);
+    state->handleCommandClick({0, 7});
+    state->selectItem(Command::newNote);
+    EXPECT_EQ(state->text(), u"/new_note  $Daily Note b"_qs);
+}
+
 TEST_F(InputClickedRangeTest, ClickedTagKeepsItsPlaceWhileTheListStaysOpen)
 {
     type(u"note #tasks"_qs);

@@ -81,19 +81,6 @@ TEST_F(InputSelectionTest, NewNoteIsAssignedInOrder)
                             u"selectedCommand = none"_qs));
 }
 
-TEST_F(InputSelectionTest, ClickedCommandBecomesANewNoteWithItsParameter)
-{
-    state->setText(u"/recent  $Daily Note b"_qs);
-    state->handleCommandClick({0, 7});
-    state->selectItem(Command::newNote);
-    EXPECT_EQ(state->text(), u"/new_note   $Daily Note b"_qs) << "the user's own parameter stays";
-    EXPECT_EQ(state->fields().clickedCommandRange, std::nullopt);
-    state->setText(u"/recent  b "_qs);
-    state->handleCommandClick({0, 7});
-    state->selectItem(Command::newNote);
-    EXPECT_EQ(state->text(), u"/new_note  $Daily Note b"_qs);
-}
-
 TEST_F(InputSelectionTest, SearchIsPutInWithoutABlankBehind)
 {
     type(u"/se"_qs);
