@@ -139,10 +139,18 @@ std::vector<EditorStyles::StyleRun> EditorStyles::styleRuns(const EditorDocument
     return all;
 }
 
+// An input method that commits without having composed takes all formats away.
+bool EditorStyles::isShown(const QTextBlock& block, const std::vector<StyleRun>& runs) const
+{
+    if (block.layout()->formats().size() != static_cast<qsizetype>(runs.size()))
+        return false;
+    const auto* shown = static_cast<const StyledParagraph*>(block.userData());
+    return shown ? shown->generation == m_generation && shown->runs == runs : runs.empty();
+}
+
 bool EditorStyles::show(QTextBlock& block, std::vector<StyleRun> runs)
 {
-    const auto* shown = static_cast<const StyledParagraph*>(block.userData());
-    if (shown ? shown->generation == m_generation && shown->runs == runs : runs.empty())
+    if (isShown(block, runs))
         return false;
     setFormats(block, runs);
     block.setUserData(new StyledParagraph(std::move(runs), m_generation));

@@ -373,6 +373,16 @@ TEST_F(ComposedStylesTest, CancelledOursAreBackInTheirPlace)
     EXPECT_EQ(underline().start, -1);
 }
 
+TEST_F(ComposedStylesTest, OursStayWhenTextComesWithoutAComposition)
+{
+    make(u"**a** x", 7);
+    area.compose({}, of(u"\u00E9")); // a dead key and a letter
+    EXPECT_EQ(bench.view().string(), of(u"**a** x\u00E9"));
+    EXPECT_THAT(shown(), ElementsAre(Shown{0, 5}));
+    area.compose({}); // some input methods say that there is nothing
+    EXPECT_THAT(shown(), ElementsAre(Shown{0, 5}));
+}
+
 TEST_F(ComposedStylesTest, NothingOfItCanBeUndone)
 {
     make(u"**a** x", 7);
