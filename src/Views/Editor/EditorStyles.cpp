@@ -79,6 +79,8 @@ void EditorStyles::setColors(const Colors& colors)
 void EditorStyles::apply(const EditorDocument& text, const std::vector<AttributeRun>& runs,
                          const std::vector<TextRange>& emoji)
 {
+    if (!text.document())
+        return;
     const std::vector<StyleRun> all = styleRuns(text, runs, emoji);
     auto next = all.begin();
     std::pair changed(std::numeric_limits<int>::max(), 0);

@@ -29,7 +29,7 @@ public:
     void setColors(const Colors& colors);
 
     /// `runs` in the order of the text, plain stretches left out; `emoji` are drawn with their own
-    /// font. What an input method shows of itself stays.
+    /// font. What an input method shows of itself stays. Nothing is shown without a document.
     void apply(const EditorDocument& text, const std::vector<AttributeRun>& runs,
                const std::vector<TextRange>& emoji);
     /// Keeps up what a paragraph shows while an input method is composing in it.

@@ -1,5 +1,6 @@
 #include "Views/Editor/CustomTextEditor.h"
 
+#include "Views/Editor/ComposingArea.h"
 #include "Views/Editor/EditorBench.h"
 
 #include <gmock/gmock.h>
@@ -77,6 +78,17 @@ TEST_F(CustomTextEditorTest, WithoutAViewNothingIsUpdated)
     EXPECT_TRUE(bench.forceUpdate);
     EXPECT_FALSE(editor.isComposing());
     EXPECT_FALSE(editor.hasEndlessWord());
+}
+
+TEST_F(CustomTextEditorTest, OutlivesTheTextArea)
+{
+    auto area = std::make_unique<ComposingArea>();
+    bench.makeIn(area->document(), area->selection(), of(u"/recent"));
+    area.reset();
+    bench.isFocused = true;
+    bench.update(of(u"other /text"), true);
+    bench.nextTurn();
+    EXPECT_FALSE(bench.forceUpdate);
 }
 
 TEST_F(CustomTextEditorTest, AChangeFromOutsideIsTakenOverWhileTheUserIsNotTyping)
