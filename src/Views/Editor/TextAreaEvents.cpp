@@ -82,8 +82,12 @@ bool TextAreaEvents::keyPressed(int key, int modifiers, bool isRepeat)
 
 bool TextAreaEvents::mousePressed(const QPointF& point)
 {
-    return hasView() &&
-           m_editor->view().mouseDown(m_editor->view().characterIndexForInsertion(point));
+    // The area itself ends a composition.
+    if (!hasView() || m_editor->isComposing())
+        return false;
+    RoundedBackgroundTextView& view = m_editor->view();
+    view.makeFirstResponder();
+    return view.mouseDown(view.characterIndexForInsertion(point));
 }
 
 void TextAreaEvents::mouseMoved(const QPointF& point)

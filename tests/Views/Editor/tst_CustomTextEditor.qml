@@ -398,6 +398,51 @@ TestCase {
         compare(area.selectedText, "words")
     }
 
+    function test_double_click_on_a_chip_selects_nothing() {
+        type("some /zebra")
+        bench.advance(0)
+        area.cursorPosition = 2
+        const place = middleOf("zebra")
+        mouseDoubleClickSequence(area, place.x, place.y)
+        compare(area.selectedText, "")
+        compare(area.cursorPosition, 2)
+        mouseClick(area, place.x, place.y)
+        compare(area.selectedText, "")
+    }
+
+    function test_shift_click_extends_the_selection() {
+        type("some words here")
+        area.cursorPosition = 0
+        const words = middleOf("words")
+        mouseClick(area, words.x, words.y, Qt.LeftButton, Qt.ShiftModifier)
+        const first = area.selectedText
+        verify("some words".startsWith(first) && first.length > 5, first)
+        const some = middleOf("some")
+        mouseClick(area, some.x, some.y, Qt.LeftButton, Qt.ShiftModifier)
+        verify(area.selectedText.length > 0 && area.selectedText.length < 5, area.selectedText)
+    }
+
+    function test_wheel_scrolls_a_long_text() {
+        bench.text = "line\n".repeat(40)
+        tryVerify(() => editor.contentHeight > editor.height)
+        editor.contentY = 0
+        mouseWheel(area, 100, 20, 0, -120)
+        tryVerify(() => editor.contentY > 0)
+    }
+
+    function test_any_click_takes_the_keyboard_data() {
+        return [{ tag: "chip", piece: "zebra" }, { tag: "selection", piece: "words" }, { tag: "text", piece: "other" }]
+    }
+
+    function test_any_click_takes_the_keyboard(data) {
+        type("words other /zebra ")
+        bench.advance(0)
+        area.select(0, 5)
+        area.focus = false
+        click(data.piece)
+        verify(area.activeFocus)
+    }
+
     function test_pointer_tells_of_chips() {
         type("some words /zebra #tag")
         bench.advance(0)
@@ -476,6 +521,15 @@ TestCase {
         compare(bench.view.dropdown.selectedIndex, 0)
         verify(bench.text.startsWith("/"))
         verify(!bench.text.includes("new_note"))
+    }
+
+    function test_click_on_a_chip_ends_a_composition_first() {
+        type("/zebra x")
+        bench.advance(0)
+        bench.compose("ni")
+        click("zebra")
+        compare(bench.view.showDropdown, false)
+        compare(area.preeditText, "")
     }
 
     function test_cursor_stays_behind_what_turns_a_paragraph() {
