@@ -11,7 +11,7 @@ namespace jotwell {
 
 bool TextDrag::mousePressed(const QPointF& point)
 {
-    if (!hasView())
+    if (!hasView() || isOneOfSeveralClicks())
         return false;
     RoundedBackgroundTextView& view = m_editor->view();
     const TextRange selection = view.selectedRange();
@@ -19,6 +19,15 @@ bool TextDrag::mousePressed(const QPointF& point)
     const bool isOnSelection = index >= selection.location && index < selection.end();
     m_pressed = isOnSelection ? std::optional(point) : std::nullopt;
     return isOnSelection;
+}
+
+// The third one selects a paragraph, from which the second has selected a word.
+bool TextDrag::isOneOfSeveralClicks()
+{
+    const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
+    const bool isSoon = m_lastPress.isValid() && !m_lastPress.hasExpired(interval);
+    m_lastPress.start();
+    return isSoon;
 }
 
 void TextDrag::mouseMoved(const QPointF& point)

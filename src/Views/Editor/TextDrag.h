@@ -2,6 +2,7 @@
 
 #include "Views/Editor/CustomTextEditor.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointF>
 #include <QPointer>
@@ -33,10 +34,12 @@ public:
 
 private:
     [[nodiscard]] bool hasView() const { return m_editor && m_editor->hasView(); }
+    [[nodiscard]] bool isOneOfSeveralClicks();
     void dragSelection();
     void removeDragged();
 
     QPointer<CustomTextEditor> m_editor;
+    QElapsedTimer m_lastPress;
     std::optional<QPointF> m_pressed;   ///< on the selection
     std::optional<TextRange> m_dragged; ///< out of this editor
 };

@@ -398,6 +398,14 @@ TestCase {
         compare(area.selectedText, "words")
     }
 
+    function test_triple_click_selects_a_paragraph() {
+        type("some words")
+        const place = middleOf("words")
+        mouseDoubleClickSequence(area, place.x, place.y)
+        mouseClick(area, place.x, place.y)
+        compare(area.selectedText, "some words")
+    }
+
     function test_double_click_on_a_chip_selects_nothing() {
         type("some /zebra")
         bench.advance(0)
