@@ -104,8 +104,8 @@ Flickable {
             anchors.fill: parent
             keys: ["text/plain"]
             onDropped: drop => {
-                textDrag.drop(Qt.point(drop.x, drop.y), drop.text, drop.proposedAction)
-                drop.acceptProposedAction()
+                if (textDrag.drop(Qt.point(drop.x, drop.y), drop.text, drop.proposedAction))
+                    drop.acceptProposedAction()
             }
 
             // Where the text would go.

@@ -66,18 +66,19 @@ void TextDrag::mouseReleased(const QPointF& point)
         m_editor->view().setSelectedRange({m_editor->view().characterIndexForInsertion(point), 0});
 }
 
-void TextDrag::drop(const QPointF& point, const QString& text, Qt::DropAction action)
+bool TextDrag::drop(const QPointF& point, const QString& text, Qt::DropAction action)
 {
     if (!hasView() || m_editor->isComposing())
-        return;
+        return false;
     RoundedBackgroundTextView& view = m_editor->view();
     const qsizetype index = view.characterIndexForInsertion(point);
     const auto dragged = std::exchange(m_dragged, std::nullopt);
     const bool isMoved = dragged && action == Qt::MoveAction;
     if (isMoved && index >= dragged->location && index <= dragged->end())
-        return; // onto itself
+        return true; // onto itself
     view.insertText(text, index, isMoved ? dragged : std::nullopt);
     view.makeFirstResponder();
+    return true;
 }
 
 // Somebody else has taken it.

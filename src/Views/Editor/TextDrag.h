@@ -30,7 +30,8 @@ public:
     /// A press on the selection that dragged nothing is a click: the cursor goes there.
     Q_INVOKABLE void mouseReleased(const QPointF& point);
     /// Puts in `text`; a selection of this editor that is being moved goes from its old place.
-    Q_INVOKABLE void drop(const QPointF& point, const QString& text, Qt::DropAction action);
+    /// False if the text can't be taken in now.
+    Q_INVOKABLE bool drop(const QPointF& point, const QString& text, Qt::DropAction action);
 
 private:
     [[nodiscard]] bool hasView() const { return m_editor && m_editor->hasView(); }

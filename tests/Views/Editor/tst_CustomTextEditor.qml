@@ -555,6 +555,20 @@ TestCase {
 
     // Text from elsewhere
 
+    Component {
+        id: dragComponent
+        TextDrag {}
+    }
+
+    function test_dropped_text_is_refused_during_a_composition() {
+        const drag = createTemporaryObject(dragComponent, testCase, { editor: bench.editor })
+        bench.compose("ni")
+        compare(drag.drop(Qt.point(5, 5), "x", Qt.MoveAction), false)
+        bench.compose("")
+        compare(drag.drop(Qt.point(5, 5), "x", Qt.MoveAction), true)
+        compare(bench.text, "x")
+    }
+
     function test_pasted_text_is_plain_and_parsed() {
         bench.copyToClipboard("<b>/re</b>", "/re")
         keySequence(StandardKey.Paste)
