@@ -18,16 +18,24 @@ struct EditingKey {
 
 const EditingKey editingKeys[] = {
     {Qt::Key_Backspace, Qt::ShiftModifier, u"deleteBackward:"},
-    {Qt::Key_Return, Qt::ShiftModifier | Qt::ControlModifier, u"insertNewline:"},
+    {Qt::Key_Return, Qt::ShiftModifier, u"insertNewline:"},
     {Qt::Key_Enter, Qt::ShiftModifier | Qt::ControlModifier, u"insertNewline:"},
     {Qt::Key_Up, Qt::NoModifier, u"moveUp:"},
     {Qt::Key_Down, Qt::NoModifier, u"moveDown:"},
     {Qt::Key_Tab, Qt::NoModifier, u"insertTab:"},
 };
 
+// With any other modifiers too.
+bool isCommandReturn(int key, Qt::KeyboardModifiers modifiers)
+{
+    return key == Qt::Key_Return && modifiers.testFlag(Qt::ControlModifier);
+}
+
 // Empty for a key press that is no command or another one, such as deleting a whole word.
 QStringView selectorOf(int key, Qt::KeyboardModifiers modifiers)
 {
+    if (isCommandReturn(key, modifiers))
+        return u"insertNewline:";
     for (const EditingKey& each : editingKeys) {
         const auto others = modifiers & ~(each.allowed | Qt::KeypadModifier);
         if (each.key == key && others == Qt::NoModifier)

@@ -79,6 +79,11 @@ TestCase {
         compare(bench.text, "Call Ada")
     }
 
+    function test_ctrl_return_runs_it_with_other_modifiers_too() {
+        keyClick(Qt.Key_Return, Qt.ControlModifier | Qt.AltModifier)
+        compare(bench.view.showErrorBorder, true)
+    }
+
     function test_keypad_enter_runs_it_too() {
         keyClick(Qt.Key_Enter, Qt.ControlModifier)
         compare(bench.view.showErrorBorder, true)
