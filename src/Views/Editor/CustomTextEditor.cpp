@@ -14,8 +14,11 @@ namespace {
 QString insertedText(const QString& before, const QString& after)
 {
     const auto differing = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
+    qsizetype from = differing.second - after.begin();
+    if (from > 0 && from < after.size() && after[from].isLowSurrogate())
+        --from; // both begin with the same half of a character
     const auto length = std::max<qsizetype>(after.size() - before.size(), 0);
-    return after.mid(differing.second - after.begin(), length);
+    return after.mid(from, length);
 }
 
 } // namespace

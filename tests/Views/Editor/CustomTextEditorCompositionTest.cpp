@@ -131,6 +131,17 @@ TEST_F(CustomTextEditorCompositionTest, CommittedItGoesBehindTheRewrite)
     EXPECT_EQ(bench.view().string(), of(u"rewritten \u4F60"));
 }
 
+TEST_F(CustomTextEditorCompositionTest, ACommittedEmojiGoesBehindTheRewriteAsAWhole)
+{
+    // The two faces share their first unit.
+    make(u"\U0001F600");
+    area.setCursor(0);
+    area.compose(of(u"grin"));
+    bench.update(of(u"rewritten "), true);
+    area.compose({}, of(u"\U0001F601"));
+    EXPECT_EQ(bench.text, of(u"rewritten \U0001F601"));
+}
+
 TEST_F(CustomTextEditorCompositionTest, ACommittedPartDoesNotOverwriteTheRewrite)
 {
     makeComposing(u"x", u"ni hao");
