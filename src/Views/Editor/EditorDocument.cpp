@@ -167,13 +167,11 @@ bool EditorDocument::isComposing() const
 
 int EditorDocument::toDocument(qsizetype position) const
 {
-    qsizetype at = position;
-    for (const int pair : m_pairs) {
-        if (pair >= at)
-            break;
-        --at;
-    }
-    return static_cast<int>(at);
+    // How many pairs begin before it: one of the text begins a unit later for each that is before.
+    const auto behind = std::partition_point(m_pairs.begin(), m_pairs.end(), [&](const int& pair) {
+        return pair + (&pair - m_pairs.data()) < position;
+    });
+    return static_cast<int>(position - (behind - m_pairs.begin()));
 }
 
 qsizetype EditorDocument::toString(int documentPosition) const
