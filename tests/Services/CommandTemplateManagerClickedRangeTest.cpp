@@ -66,6 +66,24 @@ TEST_F(InputClickedRangeTest, ClickedCommandBecomesANewNoteWithItsParameter)
     EXPECT_EQ(state->text(), u"/new_note  $Daily Note b"_qs);
 }
 
+TEST_F(InputClickedRangeTest, ClickedTokenIsReplacedThoughAnotherIsBeingTyped)
+{
+    state->setText(u"/recent $In $Wo"_qs);
+    ASSERT_EQ(state->getCurrentFolderInput(), u"$Wo"_qs);
+    state->handleTemplateClick({8, 3});
+    state->selectItem(FolderItem{u"Inbox"_qs});
+    EXPECT_EQ(state->text(), u"/recent $Inbox $Wo"_qs);
+    state->setText(u"/new_note $x $y"_qs);
+    ASSERT_EQ(state->getCurrentTemplateInput(), u"$y"_qs);
+    state->handleTemplateClick({10, 2});
+    state->selectItem(settings.obsidianTemplates().first());
+    EXPECT_EQ(state->text(), u"/new_note $Daily Note $y"_qs);
+    state->setText(u"/ne /re"_qs);
+    state->handleCommandClick({0, 3});
+    state->selectItem(Command::searchNotes);
+    EXPECT_EQ(state->text(), u"/search_notes  /re"_qs);
+}
+
 TEST_F(InputClickedRangeTest, ClickedTagKeepsItsPlaceWhileTheListStaysOpen)
 {
     type(u"note #tasks"_qs);

@@ -150,6 +150,18 @@ TEST_F(InputKeysTest, EnterIsNotForAnEmptyList)
     EXPECT_TRUE(state->fields().showDropdown);
 }
 
+TEST_F(InputKeysTest, EnterTakesASelectionThatIsNoRowAnyMore)
+{
+    useTemplates({u"A"_qs});
+    type(u"/new_note  $"_qs);
+    const ObsidianTemplate selected = *state->fields().selectedTemplate;
+    useTemplates({u"B"_qs});
+    state->setText(u"x"_qs);
+    state->updateTemplateDropdown(); // takes the rows alone
+    EXPECT_TRUE(state->handleEnterKey());
+    EXPECT_EQ(state->fields().currentTemplate, selected);
+}
+
 TEST_F(InputKeysTest, EnterIsNotForAListThatIsntShown)
 {
     index.clearIndex();

@@ -156,6 +156,19 @@ TEST_F(InputListsTest, ClosingForgetsAllSelectionsInOneOrderAndThenTheClicks)
                             u"clickedTemplateRange = none"_qs, u"clickedHashtagRange = none"_qs));
 }
 
+TEST_F(InputListsTest, FolderOfTheNameForAllIsARowToo)
+{
+    vault.makeFolder(u"All Folders"_qs);
+    type(u"/recent  $"_qs);
+    const QStringList before = takeChanges();
+    EXPECT_TRUE(before.contains(u"filteredFolders = All Folders, All Folders, Inbox, Work"_qs));
+    // Rows are told apart by their names, so the way down always begins at the first of the two.
+    EXPECT_TRUE(state->handleArrowKey(ArrowDirection::down));
+    EXPECT_TRUE(state->handleArrowKey(ArrowDirection::down));
+    EXPECT_EQ(state->fields().selectedFolder, FolderItem{u"All Folders"_qs});
+    EXPECT_THAT(takeEvents(), ElementsAre(u"scroll down"_qs, u"scroll down"_qs));
+}
+
 TEST_F(InputListsTest, TwentyTagsAtMost)
 {
     addTags(25);

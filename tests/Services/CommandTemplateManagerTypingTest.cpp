@@ -290,6 +290,9 @@ TEST_F(CommandTemplateStateTest, FolderStaysWhenItsCommandGoesAndTheTemplateGoes
     ASSERT_NE(state->fields().currentTemplate, std::nullopt);
     type(u"/new_not"_qs);
     EXPECT_EQ(state->fields().currentTemplate, std::nullopt);
+    type(u"/new_note"_qs);
+    type(QString());
+    EXPECT_EQ(state->fields().currentTemplate, std::nullopt);
 }
 
 TEST_F(CommandTemplateStateTest, TemplateStaysWhileTheTextSearches)
