@@ -23,7 +23,14 @@ public:
     [[nodiscard]] static QString allFolders();
 
 private:
+    void refresh() const;
+
     InputServices m_services;
+    // What was made last, and of which lists.
+    mutable ObsidianTemplates m_regular;
+    mutable ObsidianTemplates m_synced;
+    mutable ObsidianTemplates m_enabled;
+    mutable QStringList m_names;
 };
 
 } // namespace jotwell
