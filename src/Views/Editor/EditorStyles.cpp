@@ -15,7 +15,6 @@ namespace jotwell {
 namespace {
 
 constexpr int isOurs = QTextFormat::UserProperty + 1;
-constexpr int outdated = -1;         // generation
 constexpr int expandedStretch = 105; // percent
 
 QFont::Weight weightOf(FontWeight weight)
@@ -141,10 +140,12 @@ std::vector<EditorStyles::StyleRun> EditorStyles::styleRuns(const EditorDocument
     return all;
 }
 
-// An input method that commits without having composed takes all formats away.
+// An input method sets its own formats in place of all others, at its end none.
 bool EditorStyles::isShown(const QTextBlock& block, const std::vector<StyleRun>& runs) const
 {
-    if (block.layout()->formats().size() != static_cast<qsizetype>(runs.size()))
+    const QList<QTextLayout::FormatRange> formats = block.layout()->formats();
+    if (formats.size() != static_cast<qsizetype>(runs.size()) ||
+        (!formats.isEmpty() && !formats.first().format.boolProperty(isOurs)))
         return false;
     const auto* shown = static_cast<const StyledParagraph*>(block.userData());
     return shown ? shown->generation == m_generation && shown->runs == runs : runs.empty();
@@ -159,15 +160,12 @@ bool EditorStyles::show(QTextBlock& block, std::vector<StyleRun> runs)
     return true;
 }
 
-// An input method's own formats take the place of all others. What is shown now is out of step with
-// the text as soon as the composition ends.
 void EditorStyles::keepUp(QTextBlock block)
 {
     const auto* shown = static_cast<const StyledParagraph*>(block.userData());
     if (!shown)
         return;
     setFormats(block, shown->runs);
-    block.setUserData(new StyledParagraph(shown->runs, outdated));
     const_cast<QTextDocument*>(block.document())
         ->markContentsDirty(block.position(), block.length());
 }

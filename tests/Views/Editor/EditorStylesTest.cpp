@@ -139,6 +139,21 @@ TEST_F(EditorStylesTest, WhatIsPlainAgainIsShownPlain)
     EXPECT_THAT(shownIn(document), IsEmpty());
 }
 
+TEST_F(EditorStylesTest, WhatOthersHaveReplacedIsShownAgain)
+{
+    setText(u"one");
+    apply({{{0, 3}, bold}});
+    QTextLayout& layout = *document.firstBlock().layout();
+    layout.setFormats({});
+    apply({{{0, 3}, bold}});
+    EXPECT_THAT(shownIn(document), ElementsAre(Shown{0, 3}));
+    QTextCharFormat underlined;
+    underlined.setFontUnderline(true);
+    layout.setFormats({{1, 1, underlined}});
+    apply({{{0, 3}, bold}});
+    EXPECT_THAT(shownIn(document), ElementsAre(Shown{0, 3}, Shown{1, 1}));
+}
+
 TEST_F(EditorStylesTest, FontsAreTheSystems)
 {
     const QTextCharFormat system = formatFor({.font = {.size = 19, .weight = FontWeight::bold}});
