@@ -3,6 +3,8 @@
 #include "Views/Editor/ComposingArea.h"
 #include "Views/Editor/EditorBench.h"
 
+#include <QTextBlock>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -171,6 +173,29 @@ TEST_F(CustomTextEditorCompositionTest, AnUnforcedChangeFromOutsideWaits)
     EXPECT_EQ(bench.view().string(), of(u"x"));
     area.compose({});
     EXPECT_EQ(bench.view().string(), of(u"outside"));
+}
+
+TEST_F(CustomTextEditorCompositionTest, AnUnforcedChangeFromOutsideGivesWayToACommit)
+{
+    makeComposing(u"x", u"ni");
+    bench.update(of(u"outside"));
+    area.compose({}, of(u"\u4F60"));
+    EXPECT_EQ(bench.view().string(), of(u"x\u4F60"));
+    EXPECT_THAT(bench.calls, ElementsAre(of(u"onTextChange x\u4F60")));
+}
+
+TEST_F(CustomTextEditorCompositionTest, TurnsNoParagraphUntilItsEnd)
+{
+    make(u"one\n");
+    const auto direction = [this] {
+        return area.document().lastBlock().blockFormat().layoutDirection();
+    };
+    area.compose(of(u"rest"), of(u"\u05E9"));
+    EXPECT_NE(direction(), Qt::RightToLeft);
+    EXPECT_TRUE(bench.editor().isComposing());
+    area.compose({});
+    EXPECT_EQ(direction(), Qt::RightToLeft);
+    EXPECT_EQ(bench.view().string(), of(u"one\n\u05E9"));
 }
 
 TEST_F(CustomTextEditorCompositionTest, AsksForNoKeyboardMeanwhile)

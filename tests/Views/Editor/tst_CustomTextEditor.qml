@@ -565,6 +565,23 @@ TestCase {
         TextDrag {}
     }
 
+    function test_press_on_the_selection_may_drag_it_data() {
+        return [
+            { tag: "before it", position: 4, taken: false },
+            { tag: "at its start", position: 5, taken: true },
+            { tag: "within it", position: 9, taken: true },
+            { tag: "at its end", position: 10, taken: false }
+        ]
+    }
+
+    function test_press_on_the_selection_may_drag_it(data) {
+        type("some words here")
+        area.select(5, 10)
+        const drag = createTemporaryObject(dragComponent, testCase, { editor: bench.editor })
+        const place = area.positionToRectangle(data.position)
+        compare(drag.mousePressed(Qt.point(place.x, place.y + 5)), data.taken)
+    }
+
     function test_dropped_text_is_refused_during_a_composition() {
         const drag = createTemporaryObject(dragComponent, testCase, { editor: bench.editor })
         bench.compose("ni")
