@@ -1,6 +1,7 @@
 #include "Views/Editor/ParagraphDirections.h"
 
 #include "Support/CharacterClasses.h"
+#include "Views/Editor/TextScan.h"
 
 #include <QTextBlock>
 #include <QTextCursor>
@@ -12,48 +13,47 @@ namespace {
 
 constexpr char16_t firstRightToLeft = 0x590; // Hebrew; nothing before it runs that way
 
-// A loop that doesn't end early is taken many units at a time.
-bool isPlainlyLeftToRight(QStringView text)
+std::optional<Qt::LayoutDirection> directionOf(char32_t character)
 {
-    bool found = false;
-    for (const QChar unit : text)
-        found |= unit.unicode() >= firstRightToLeft;
-    return !found;
+    switch (QChar::direction(character)) {
+    case QChar::DirL:
+        return Qt::LeftToRight;
+    case QChar::DirR:
+    case QChar::DirAL:
+        return Qt::RightToLeft;
+    default:
+        return std::nullopt;
+    }
 }
 
-// Calls `isWanted` with the direction of each character that has one, until it says yes.
-template <typename Predicate>
-bool anyDirection(QStringView text, Predicate isWanted)
+qsizetype findHighUnit(QStringView text, qsizetype from)
 {
-    CodePoint character;
-    for (qsizetype at = 0; at < text.size(); at += character.length) {
-        character = codePointAt(text, at);
-        const QChar::Direction direction = QChar::direction(character.value);
-        if (direction == QChar::DirL && isWanted(Qt::LeftToRight))
-            return true;
-        if ((direction == QChar::DirR || direction == QChar::DirAL) && isWanted(Qt::RightToLeft))
-            return true;
-    }
-    return false;
+    return findUnit(text, from, [](char16_t unit) { return unit >= firstRightToLeft; });
 }
 
 } // namespace
 
 std::optional<Qt::LayoutDirection> directionOf(QStringView text)
 {
-    std::optional<Qt::LayoutDirection> first;
-    anyDirection(text, [&first](Qt::LayoutDirection direction) {
-        first = direction;
-        return true;
-    });
-    return first;
+    CodePoint character;
+    for (qsizetype at = 0; at < text.size(); at += character.length) {
+        character = codePointAt(text, at);
+        if (const auto direction = directionOf(character.value))
+            return direction;
+    }
+    return std::nullopt;
 }
 
 bool hasRightToLeft(QStringView text)
 {
-    return !isPlainlyLeftToRight(text) && anyDirection(text, [](Qt::LayoutDirection direction) {
-        return direction == Qt::RightToLeft;
-    });
+    CodePoint character;
+    for (qsizetype at = findHighUnit(text, 0); at < text.size();
+         at = findHighUnit(text, at + character.length)) {
+        character = codePointAt(text, at);
+        if (directionOf(character.value) == Qt::RightToLeft)
+            return true;
+    }
+    return false;
 }
 
 std::vector<ParagraphDirection> wrongDirections(const QTextDocument& document)
