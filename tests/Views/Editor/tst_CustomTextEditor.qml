@@ -467,6 +467,34 @@ TestCase {
         }
     }
 
+    function test_pointer_beside_the_field_is_over_no_chip() {
+        type("/zebra")
+        bench.advance(0)
+        const place = middleOf("zebra")
+        editor.anchors.leftMargin = 50
+        mouseMove(area, place.x, place.y)
+        compare(chipMouse().cursorShape, Qt.PointingHandCursor)
+        mouseMove(testCase, 5, 5)
+        compare(chipMouse().cursorShape, Qt.IBeamCursor)
+    }
+
+    function test_shift_click_on_the_selection_shortens_it() {
+        type("some words here")
+        area.cursorPosition = 0
+        area.moveCursorSelection(15)
+        const some = middleOf("some")
+        mouseClick(area, some.x, some.y, Qt.LeftButton, Qt.ShiftModifier)
+        verify("some".startsWith(area.selectedText) && area.selectedText !== "", area.selectedText)
+    }
+
+    function test_endless_word_is_wrapped_anywhere() {
+        compare(area.wrapMode, TextEdit.Wrap)
+        bench.text = "a".repeat(4000)
+        compare(area.wrapMode, TextEdit.WrapAnywhere)
+        bench.text = "words"
+        compare(area.wrapMode, TextEdit.Wrap)
+    }
+
     // What is drawn
 
     function colorAt(image, point) {
@@ -580,6 +608,18 @@ TestCase {
         const drag = createTemporaryObject(dragComponent, testCase, { editor: bench.editor })
         const place = area.positionToRectangle(data.position)
         compare(drag.mousePressed(Qt.point(place.x, place.y + 5)), data.taken)
+    }
+
+    function test_press_is_released_once() {
+        type("some words here")
+        area.select(5, 10)
+        const drag = createTemporaryObject(dragComponent, testCase, { editor: bench.editor })
+        const place = middleOf("words")
+        drag.mousePressed(place)
+        drag.mouseReleased(place)
+        area.cursorPosition = 2
+        drag.mouseReleased(place)
+        compare(area.cursorPosition, 2)
     }
 
     function test_dropped_text_is_refused_during_a_composition() {
