@@ -186,6 +186,8 @@ void EditorDocument::contentsAreChanging(int position, int removed, int added)
     const bool isOther =
         m_replacement ? setText(*m_replacement) : takeOver(position, removed, added);
     m_isEdited = m_isEdited || (isOther && !m_replacement && !m_isTakingBack);
+    m_changeStart = position;
+    m_changeEnd = position + added;
     noteComposition(position, added);
     findEndlessWord(position, added);
     emit aboutToLayOut();

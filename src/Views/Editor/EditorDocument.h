@@ -41,6 +41,13 @@ public:
     /// places to wrap it would take the square of its length.
     [[nodiscard]] bool hasEndlessWord() const { return m_hasEndlessWord; }
 
+    /// Whether the last change of the document reaches into the paragraph between those positions
+    /// of the document.
+    [[nodiscard]] bool isChanged(int start, int end) const
+    {
+        return start <= m_changeEnd && end > m_changeStart;
+    }
+
     [[nodiscard]] QTextDocument* document() const { return m_document; }
     /// Positions of the text and of the document for one another.
     [[nodiscard]] int toDocument(qsizetype position) const;
@@ -74,6 +81,8 @@ private:
     std::vector<int> m_pairs;             ///< the document's positions of line ends of two units
     std::optional<QString> m_replacement; ///< the text while the document is being made to show it
     QTextCursor m_composition;            ///< in the paragraph where an input method is at work
+    int m_changeStart = 0;                ///< positions of the document
+    int m_changeEnd = 0;
     bool m_wasComposing = false;
     bool m_hasEndlessWord = false;
     bool m_isEdited = false;

@@ -95,7 +95,9 @@ void EditorStyles::apply(const EditorDocument& text, const std::vector<Attribute
             if (next->start + next->length > end)
                 break;
         }
-        if (show(block, std::move(own))) {
+        const bool isStripped = text.isChanged(start, end) && hasOthers(block, own);
+        if (isStripped || !isShown(block, own)) {
+            show(block, std::move(own));
             changed.first = std::min(changed.first, start);
             changed.second = end;
         }
@@ -140,24 +142,25 @@ std::vector<EditorStyles::StyleRun> EditorStyles::styleRuns(const EditorDocument
     return all;
 }
 
-// An input method sets its own formats in place of all others, at its end none.
-bool EditorStyles::isShown(const QTextBlock& block, const std::vector<StyleRun>& runs) const
+// An input method sets its own formats in place of all others, at its end none. Asking a layout for
+// its formats copies them.
+bool EditorStyles::hasOthers(const QTextBlock& block, const std::vector<StyleRun>& runs)
 {
     const QList<QTextLayout::FormatRange> formats = block.layout()->formats();
-    if (formats.size() != static_cast<qsizetype>(runs.size()) ||
-        (!formats.isEmpty() && !formats.first().format.boolProperty(isOurs)))
-        return false;
+    return formats.size() != static_cast<qsizetype>(runs.size()) ||
+           (!formats.isEmpty() && !formats.first().format.boolProperty(isOurs));
+}
+
+bool EditorStyles::isShown(const QTextBlock& block, const std::vector<StyleRun>& runs) const
+{
     const auto* shown = static_cast<const StyledParagraph*>(block.userData());
     return shown ? shown->generation == m_generation && shown->runs == runs : runs.empty();
 }
 
-bool EditorStyles::show(QTextBlock& block, std::vector<StyleRun> runs)
+void EditorStyles::show(QTextBlock& block, std::vector<StyleRun> runs)
 {
-    if (isShown(block, runs))
-        return false;
     setFormats(block, runs);
     block.setUserData(new StyledParagraph(std::move(runs), m_generation));
-    return true;
 }
 
 void EditorStyles::keepUp(QTextBlock block)

@@ -52,9 +52,9 @@ private:
     [[nodiscard]] static std::vector<StyleRun> styleRuns(const EditorDocument& text,
                                                          const std::vector<AttributeRun>& runs,
                                                          const std::vector<TextRange>& emoji);
+    [[nodiscard]] static bool hasOthers(const QTextBlock& block, const std::vector<StyleRun>& runs);
     [[nodiscard]] bool isShown(const QTextBlock& block, const std::vector<StyleRun>& runs) const;
-    // True if the paragraph is to be laid out again.
-    bool show(QTextBlock& block, std::vector<StyleRun> runs);
+    void show(QTextBlock& block, std::vector<StyleRun> runs);
     void setFormats(const QTextBlock& block, const std::vector<StyleRun>& runs);
     [[nodiscard]] const QTextCharFormat& formatOf(const Style& style);
     [[nodiscard]] QTextCharFormat makeFormat(const Style& style) const;
