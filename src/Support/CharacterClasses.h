@@ -104,4 +104,25 @@ struct CodePoint {
     return {unit.unicode(), 1};
 }
 
+/// The place of the first unit, from `from` on, for which `isWanted` holds; the size of the text if
+/// there is none. Looks at a block of units at a time, which the compiler makes a few vector
+/// instructions of: `isWanted` should be free of branches.
+template <typename IsWanted>
+[[nodiscard]] qsizetype findUnit(QStringView text, qsizetype from, IsWanted isWanted)
+{
+    constexpr qsizetype block = 32;
+    const char16_t* const units = text.utf16();
+    while (text.size() - from >= block) {
+        std::uint16_t found = 0;
+        for (qsizetype k = 0; k < block; ++k)
+            found = static_cast<std::uint16_t>(found | (isWanted(units[from + k]) ? 1U : 0U));
+        if (found != 0)
+            break;
+        from += block;
+    }
+    while (from < text.size() && !isWanted(units[from]))
+        ++from;
+    return from;
+}
+
 } // namespace jotwell

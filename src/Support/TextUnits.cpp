@@ -32,7 +32,14 @@ qsizetype utf16Length(QStringView text)
 
 qsizetype characterCount(QStringView text)
 {
-    return walkCharacters(text).count;
+    // Below U+0300 every unit is a character of its own, but for CR LF.
+    const qsizetype rest =
+        findUnit(text, 0, [](char16_t unit) { return (unit >= 0x300) | (unit == u'\r'); });
+    if (rest == text.size())
+        return rest;
+    // Where the first other unit stands it may belong to the one before it.
+    const qsizetype before = std::max<qsizetype>(rest - 1, 0);
+    return before + walkCharacters(text.sliced(before)).count;
 }
 
 QStringView firstCharacters(QStringView text, qsizetype count)

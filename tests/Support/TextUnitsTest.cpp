@@ -114,6 +114,20 @@ TEST(TextUnits, NothingSortsBeforeEverythingElse)
     }
 }
 
+TEST(TextUnits, PlainTextBeforeAMarkIsCountedAsItStands)
+{
+    for (int before = 0; before < 70; ++before) {
+        const QString plain(before, u'a');
+        // A mark, a mark that follows a sign of pictures, a pair of line ends, a family.
+        EXPECT_EQ(characterCount(plain + u"b\u0301"_qs), before + 1);
+        EXPECT_EQ(characterCount(plain + u"\u00A9\uFE0F"_qs), before + 1);
+        EXPECT_EQ(characterCount(plain + u"\r\nb"_qs), before + 2);
+        EXPECT_EQ(characterCount(plain + u"\U0001F468\u200D\U0001F467\u0301b"_qs), before + 2);
+        EXPECT_EQ(characterCount(plain + u"\n"_qs), before + 1);
+    }
+    EXPECT_EQ(characterCount(u"\n\u0301"_qs), 2);
+}
+
 TEST(TextUnits, KeepsAByteOrderMark)
 {
     EXPECT_EQ(textFromUtf8("\xef\xbb\xbf\xc3\xa4").toStdU16String(), u"\ufeff\u00e4");
