@@ -13,7 +13,7 @@ std::optional<ObsidianTemplates> DecodedTemplates::of(const QByteArray& stored)
     }
     // Without the lock: it takes milliseconds, and the main thread may be asking too.
     const auto decoded = decodeTemplates(stored);
-    const auto templates = decoded ? std::optional(decoded.value()) : std::nullopt;
+    auto templates = decoded ? std::optional(decoded.value()) : std::nullopt;
     const std::scoped_lock lock(m_mutex);
     m_stored = stored;
     m_templates = templates;

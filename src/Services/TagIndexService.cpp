@@ -315,14 +315,15 @@ QList<TagCount> TagIndexService::searchTags(const QString& prefix, qsizetype lim
     return m_index.searchTags(prefix, limit);
 }
 
-QCoro::Task<SearchAnswer> TagIndexService::searchNotes(QString query, QString /*vaultPath*/)
+QCoro::Task<SearchAnswer> TagIndexService::searchNotes(QString query, const QString& /*vaultPath*/)
 {
-    return m_search.searchNotes(query);
+    return m_search.searchNotes(std::move(query));
 }
 
-QCoro::Task<SearchAnswer> TagIndexService::searchContent(QString query, QString /*vaultPath*/)
+QCoro::Task<SearchAnswer> TagIndexService::searchContent(QString query,
+                                                         const QString& /*vaultPath*/)
 {
-    return m_search.searchContent(query);
+    return m_search.searchContent(std::move(query));
 }
 
 void TagIndexService::publishIsIndexing(bool isIndexing)

@@ -72,9 +72,9 @@ public:
                                              qsizetype limit = NoteIndex::noLimit) const;
 
     /// By file name and tag. There is one vault: its path isn't looked at.
-    QCoro::Task<SearchAnswer> searchNotes(QString query, QString vaultPath);
+    QCoro::Task<SearchAnswer> searchNotes(QString query, const QString& vaultPath);
     /// By text.
-    QCoro::Task<SearchAnswer> searchContent(QString query, QString vaultPath);
+    QCoro::Task<SearchAnswer> searchContent(QString query, const QString& vaultPath);
 
     [[nodiscard]] const NoteIndex& index() const { return m_index; }
     [[nodiscard]] const IndexDatabase& database() const { return m_database; }

@@ -163,7 +163,7 @@ void EditorStyles::show(QTextBlock& block, std::vector<StyleRun> runs)
     block.setUserData(new StyledParagraph(std::move(runs), m_generation));
 }
 
-void EditorStyles::keepUp(QTextBlock block)
+void EditorStyles::keepUp(const QTextBlock& block)
 {
     const auto* shown = static_cast<const StyledParagraph*>(block.userData());
     if (!shown)

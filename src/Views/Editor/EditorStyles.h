@@ -33,7 +33,7 @@ public:
     void apply(const EditorDocument& text, const std::vector<AttributeRun>& runs,
                const std::vector<TextRange>& emoji);
     /// Keeps up what a paragraph shows while an input method is composing in it.
-    void keepUp(QTextBlock block);
+    void keepUp(const QTextBlock& block);
 
 private:
     struct Style {

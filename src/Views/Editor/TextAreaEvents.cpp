@@ -124,7 +124,9 @@ void TextAreaEvents::takeOverColors()
     if (!hasView() || !m_commandColor.isValid() || !m_parameterColor.isValid())
         return;
     m_editor->view().styles().setColors({m_commandColor, m_parameterColor});
-    m_editor->coordinator().highlightCommands();
+    // Otherwise the end of the composition does it.
+    if (!m_editor->isComposing())
+        m_editor->coordinator().highlightCommands();
 }
 
 void TextAreaEvents::setIsOverChip(bool isOver)

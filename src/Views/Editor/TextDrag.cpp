@@ -47,8 +47,9 @@ void TextDrag::dragSelection()
     if (!hasView() || !QGuiApplication::mouseButtons().testFlag(Qt::LeftButton))
         return;
     m_dragged = m_editor->view().selectedRange();
+    m_draggedText = textAt(*m_dragged);
     auto* const data = new QMimeData;
-    data->setText(m_editor->view().string().mid(m_dragged->location, m_dragged->length));
+    data->setText(m_draggedText);
     // Goes with the end of the dragging. Its source is no item, as no item takes its own drops.
     auto* const drag = new QDrag(this);
     drag->setMimeData(data);
@@ -72,7 +73,7 @@ bool TextDrag::drop(const QPointF& point, const QString& text, Qt::DropAction ac
         return false;
     RoundedBackgroundTextView& view = m_editor->view();
     const qsizetype index = view.characterIndexForInsertion(point);
-    const auto dragged = std::exchange(m_dragged, std::nullopt);
+    const auto dragged = takeDragged();
     const bool isMoved = dragged && action == Qt::MoveAction;
     if (isMoved && index >= dragged->location && index <= dragged->end())
         return true; // onto itself
@@ -84,8 +85,22 @@ bool TextDrag::drop(const QPointF& point, const QString& text, Qt::DropAction ac
 // Somebody else has taken it.
 void TextDrag::removeDragged()
 {
-    if (m_dragged && hasView())
-        m_editor->view().insertText({}, m_dragged->location, m_dragged);
+    if (!hasView())
+        return;
+    if (const auto dragged = takeDragged())
+        m_editor->view().insertText({}, dragged->location, dragged);
+}
+
+// Nothing if the text has been rewritten meanwhile, so that something else stands there.
+std::optional<TextRange> TextDrag::takeDragged()
+{
+    const auto dragged = std::exchange(m_dragged, std::nullopt);
+    return dragged && textAt(*dragged) == m_draggedText ? dragged : std::nullopt;
+}
+
+QString TextDrag::textAt(const TextRange& range)
+{
+    return m_editor->view().string().mid(range.location, range.length);
 }
 
 } // namespace jotwell

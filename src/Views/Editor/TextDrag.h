@@ -38,11 +38,14 @@ private:
     [[nodiscard]] bool isOneOfSeveralClicks();
     void dragSelection();
     void removeDragged();
+    [[nodiscard]] std::optional<TextRange> takeDragged();
+    [[nodiscard]] QString textAt(const TextRange& range);
 
     QPointer<CustomTextEditor> m_editor;
     QElapsedTimer m_lastPress;
     std::optional<QPointF> m_pressed;   ///< on the selection
     std::optional<TextRange> m_dragged; ///< out of this editor
+    QString m_draggedText;
 };
 
 } // namespace jotwell
