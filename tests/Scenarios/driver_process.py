@@ -33,8 +33,11 @@ class DriverProcess:
 
     @staticmethod
     def can_run_as(user, program):
-        probe = subprocess.run([program], stdin=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                               user=user, group=user, extra_groups=[], cwd="/", check=False)
+        try:
+            probe = subprocess.run([program], stdin=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                   user=user, group=user, extra_groups=[], cwd="/", check=False)
+        except PermissionError:  # it lies in a folder that isn't for that user
+            return False
         return probe.returncode == 0
 
     def tell(self, line):
