@@ -147,6 +147,7 @@ void EditorDocument::replace(const TextRange& range, const QString& text, const 
     const QScopedValueRollback replacement(m_replacement, std::optional(whole));
     cursor.beginEditBlock();
     cursor.insertText(text);
+    m_hasDirections = m_hasDirections || hasRightToLeft(whole); // the text itself comes later
     setDirections(cursor, paragraphsToTurn());
     // Changes nothing, but keeps what is typed next from becoming part of this step.
     cursor.setBlockFormat(cursor.blockFormat());

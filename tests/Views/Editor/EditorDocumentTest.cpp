@@ -249,6 +249,15 @@ TEST_F(EditorDocumentTest, EachParagraphRunsTheWayOfItsText)
     EXPECT_EQ(direction(1), Qt::LeftToRight);
 }
 
+TEST_F(EditorDocumentTest, ParagraphsOfAFirstTextFromOutsideRunTheirWayToo)
+{
+    QTextOption option = document.defaultTextOption();
+    option.setTextDirection(Qt::LeftToRight);
+    document.setDefaultTextOption(option);
+    text.setString(of(u"one\n\u05E9\u05DC"), EditorDocument::UndoStep::own);
+    EXPECT_EQ(document.lastBlock().textDirection(), Qt::RightToLeft);
+}
+
 TEST_F(EditorDocumentTest, TurningAParagraphIsNoStepOfItsOwn)
 {
     type(0, u"one\n");
