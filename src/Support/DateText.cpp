@@ -1,9 +1,12 @@
 #include "Support/DateText.h"
 
+#include <unicode/calendar.h>
 #include <unicode/datefmt.h>
+#include <unicode/reldatefmt.h>
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 
+#include <array>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -54,14 +57,50 @@ const icu::DateFormat* formatter(const std::string& kind, Make make)
     return format.get();
 }
 
+UDate date(std::chrono::system_clock::time_point moment)
+{
+    using Milliseconds = std::chrono::duration<int64_t, std::milli>;
+    return static_cast<UDate>(std::chrono::floor<Milliseconds>(moment).time_since_epoch().count());
+}
+
+QString qString(const icu::UnicodeString& text)
+{
+    return QString(reinterpret_cast<const QChar*>(text.getBuffer()), text.length());
+}
+
 QString formatted(const icu::DateFormat* format, std::chrono::system_clock::time_point moment)
 {
     if (!format)
         return {};
-    using Milliseconds = std::chrono::duration<UDate, std::milli>;
     icu::UnicodeString text;
-    format->format(std::chrono::floor<Milliseconds>(moment).time_since_epoch().count(), text);
-    return QString(reinterpret_cast<const QChar*>(text.getBuffer()), text.length());
+    format->format(date(moment), text);
+    return qString(text);
+}
+
+struct Unit {
+    UCalendarDateFields field;
+    URelativeDateTimeUnit unit;
+};
+
+constexpr std::array units{
+    Unit{UCAL_YEAR, UDAT_REL_UNIT_YEAR},         Unit{UCAL_MONTH, UDAT_REL_UNIT_MONTH},
+    Unit{UCAL_WEEK_OF_YEAR, UDAT_REL_UNIT_WEEK}, Unit{UCAL_DATE, UDAT_REL_UNIT_DAY},
+    Unit{UCAL_HOUR, UDAT_REL_UNIT_HOUR},         Unit{UCAL_MINUTE, UDAT_REL_UNIT_MINUTE},
+    Unit{UCAL_SECOND, UDAT_REL_UNIT_SECOND}};
+
+struct Difference {
+    double count = -0.0;
+    URelativeDateTimeUnit unit = UDAT_REL_UNIT_SECOND;
+};
+
+/// In the first of the units that the two are apart by; a difference of no second is past.
+Difference difference(icu::Calendar& now, UDate moment, UErrorCode& status)
+{
+    for (const Unit& each : units) {
+        if (const int32_t count = now.fieldDifference(moment, each.field, status))
+            return {static_cast<double>(count), each.unit};
+    }
+    return {};
 }
 
 } // namespace
@@ -84,6 +123,23 @@ QString mediumDateShortTime(std::chrono::system_clock::time_point moment)
                                                        icu::DateFormat::kShort, locale);
     };
     return formatted(formatter("medium date, short time", make), moment);
+}
+
+QString relativeDate(std::chrono::system_clock::time_point moment,
+                     std::chrono::system_clock::time_point now)
+{
+    const Place place;
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::Calendar> calendar(
+        icu::Calendar::createInstance(*place.zone, place.locale, status));
+    const icu::RelativeDateTimeFormatter format(place.locale, status);
+    if (U_FAILURE(status))
+        return {};
+    calendar->setTime(date(now), status);
+    const Difference apart = difference(*calendar, date(moment), status);
+    icu::UnicodeString text;
+    format.formatNumeric(apart.count, apart.unit, text, status);
+    return qString(text);
 }
 
 } // namespace jotwell

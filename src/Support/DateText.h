@@ -16,4 +16,9 @@ namespace jotwell {
 /// Date of medium length and time of short length, "Mar 5, 2024, 2:46 PM".
 [[nodiscard]] QString mediumDateShortTime(std::chrono::system_clock::time_point moment);
 
+/// How far a moment lies from `now` in its largest full unit by the calendar, "5 minutes ago" or
+/// "in 2 hours". A moment that is `now` counts as past.
+[[nodiscard]] QString relativeDate(std::chrono::system_clock::time_point moment,
+                                   std::chrono::system_clock::time_point now);
+
 } // namespace jotwell
