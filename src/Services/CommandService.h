@@ -30,6 +30,7 @@ public:
 
     /// Who gets the lists of notes from now on, empty ones too; an empty function for nobody.
     void setOnSearchResults(SearchResultsListener listener);
+    [[nodiscard]] const SearchResultsListener& onSearchResults() const { return m_onSearchResults; }
 
     /// The first command, in the order of the commands, whose raw value the text contains.
     [[nodiscard]] std::optional<Command> findCommand(const QString& text) const;

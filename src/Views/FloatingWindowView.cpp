@@ -1,8 +1,18 @@
 #include "Views/FloatingWindowView.h"
 
 #include "Platform/Scheduler.h"
+#include "Services/CommandService.h"
+#include "Services/Input/CommandText.h"
+#include "Services/ObsidianService.h"
+#include "Services/SettingsService.h"
+#include "Support/TextUnits.h"
 
 #include <QCoroTask>
+
+#include <QPointer>
+#include <QVariant>
+
+#include <utility>
 
 namespace jotwell {
 
@@ -10,12 +20,17 @@ using namespace std::chrono_literals;
 
 FloatingWindowView::FloatingWindowView(const InputServices& services, ToastManager& toastManager,
                                        QObject* parent)
-    : QObject(parent), m_scheduler(services.scheduler), m_commandTemplateState(services),
+    : QObject(parent), m_services(services), m_commandTemplateState(services),
       m_editor(editorBindings(), services.scheduler),
-      m_dropdown(m_commandTemplateState, services.scheduler), m_toasts(toastManager)
+      m_dropdown(m_commandTemplateState, services.scheduler), m_results(services.scheduler),
+      m_toasts(toastManager)
 {
     connect(&m_commandTemplateState, &CommandTemplateState::changed, this,
             &FloatingWindowView::stateChanged);
+    connect(this, &FloatingWindowView::scrollToSelectedSearchResult, &m_results,
+            &SearchResultsView::scrollToSelected);
+    connect(&m_results, &SearchResultsView::resultTapped, this,
+            &FloatingWindowView::openSearchResult);
 }
 
 CustomTextEditorBindings FloatingWindowView::editorBindings()
@@ -30,11 +45,14 @@ CustomTextEditorBindings FloatingWindowView::editorBindings()
     its.tokenNames = {[&state] { return state.names().templateNames(); },
                       [&state] { return state.names().folderNames(); }};
     its.placeholder = QStringLiteral("What's on your mind right now?");
-    its.onTextChange = [&state] { state.handleTextChange(); };
+    its.onTextChange = [this] { textChanged(); };
     its.onCommandEnter = [this] { handleCommandEnter(); };
-    its.onArrowKey = [&state](ArrowDirection direction) { return state.handleArrowKey(direction); };
-    its.onEnterKey = [&state] { return state.handleEnterKey(); };
-    its.onTabKey = [] { return true; };
+    its.onArrowKey = [this](ArrowDirection direction) { return arrowKey(direction); };
+    its.onEnterKey = [this] { return enterKey(); };
+    its.onTabKey = [this] {
+        handleTabKey();
+        return true;
+    };
     its.onCommandClick = [&state](const TextRange& range, const QString&) {
         state.handleCommandClick(range);
     };
@@ -50,10 +68,12 @@ CustomTextEditorBindings FloatingWindowView::editorBindings()
 void FloatingWindowView::stateChanged(CommandTemplateField field)
 {
     using Field = CommandTemplateField;
-    if (field == Field::text || field == Field::forceTextUpdate)
+    if (field == Field::text || field == Field::forceTextUpdate) {
         m_editor.updateView();
-    else if (field == Field::showDropdown)
+    } else if (field == Field::showDropdown) {
         emit showDropdownChanged();
+        emit dynamicHeightChanged();
+    }
 }
 
 int FloatingWindowView::dynamicHeight(bool showDropdown, bool showSearchResults)
@@ -63,17 +83,167 @@ int FloatingWindowView::dynamicHeight(bool showDropdown, bool showSearchResults)
 
 void FloatingWindowView::appear()
 {
-    m_scheduler.after(100ms, this, [this] {
-        m_isFocused = true;
-        emit isFocusedChanged();
-        m_editor.updateView();
-    });
+    m_services.scheduler.after(100ms, this, [this] { setFocused(true); });
+    m_services.commands.setOnSearchResults(
+        [self = QPointer(this)](const NoteSearchResults& results) {
+            if (self)
+                self->deliver(results);
+        });
 }
+
+void FloatingWindowView::setFocused(bool focused)
+{
+    if (std::exchange(m_isFocused, focused) == focused)
+        return;
+    emit isFocusedChanged();
+    m_editor.updateView();
+}
+
+void FloatingWindowView::tapContent()
+{
+    if (showDropdown())
+        closeDropdowns();
+}
+
+// The text and the shortcuts
+
+void FloatingWindowView::textChanged()
+{
+    m_commandTemplateState.handleTextChange();
+    const auto& fields = m_commandTemplateState.fields();
+    if (fields.showDropdown && fields.dropdownType == DropdownType::folder) {
+        Panel panel = m_panel;
+        panel.hasFocus = false;
+        setPanel(panel);
+        setFocused(true);
+    }
+    const bool isSearch = containsCommand(fields.text, Command::searchNotes);
+    if (!isSearch && !containsCommand(fields.text, Command::recentNotes)) {
+        clearSearchResults();
+        setFocused(true);
+    } else if (isSearch && searchQueryIn(fields.text).isEmpty()) {
+        clearSearchResults();
+    }
+}
+
+void FloatingWindowView::handleCommandShortcut(Command command)
+{
+    CommandTemplateState& state = m_commandTemplateState;
+    const QString blank = QStringLiteral(" ");
+    if (command == Command::recentNotes) {
+        state.setText(QStringLiteral("/recent  $All Folders "));
+    } else {
+        const QString before = state.text().isEmpty() ? QString() : state.text() + blank;
+        state.setText(before + rawValue(command) + blank);
+    }
+    if (command == Command::newNote) {
+        const ObsidianTemplate noteTemplate = m_services.settings.getLastUsedTemplate();
+        state.setCurrentTemplate(noteTemplate);
+        state.setText(
+            QStringLiteral("%1  $%2 ").arg(trimmedWhitespace(state.text()), noteTemplate.name));
+    }
+    state.setForceTextUpdate(true);
+    setFocused(true);
+    if (command == Command::recentNotes)
+        QCoro::connect(m_services.commands.executeRecentNotesCommand(state.text()), this, [] {});
+}
+
+void FloatingWindowView::insertCommand(const QVariant& object)
+{
+    if (object.metaType() == QMetaType::fromType<Command>())
+        handleCommandShortcut(object.value<Command>());
+}
+
+// The panel of notes
+
+void FloatingWindowView::deliver(const NoteSearchResults& results)
+{
+    m_results.setSearchResults(results);
+    const bool hasQuery = !searchQueryIn(m_commandTemplateState.text()).isEmpty();
+    setPanel({.isShown = hasQuery && !results.isEmpty()});
+}
+
+void FloatingWindowView::clearSearchResults()
+{
+    m_results.setSearchResults({});
+    setPanel({});
+}
+
+void FloatingWindowView::setPanel(const Panel& panel)
+{
+    const Panel before = std::exchange(m_panel, panel);
+    if (before == panel)
+        return;
+    m_results.setSelectedIndex(panel.hasFocus ? panel.selectedIndex : -1);
+    m_results.setShown(panel.isShown);
+    if (before.isShown == panel.isShown)
+        return;
+    emit showSearchResultsChanged();
+    emit dynamicHeightChanged();
+}
+
+bool FloatingWindowView::arrowKey(ArrowDirection direction)
+{
+    return m_panel.isShown ? handleSearchResultArrowKey(direction)
+                           : m_commandTemplateState.handleArrowKey(direction);
+}
+
+bool FloatingWindowView::handleSearchResultArrowKey(ArrowDirection direction)
+{
+    if (!m_panel.isShown || searchResults().isEmpty())
+        return false;
+    Panel panel = m_panel;
+    panel.selectedIndex += direction == ArrowDirection::down ? 1 : -1;
+    if (panel.selectedIndex < -1 || panel.selectedIndex >= searchResults().size())
+        return true;
+    if (panel.selectedIndex == -1) { // up and out of the list
+        setPanel({.isShown = true});
+        setFocused(true);
+        return true;
+    }
+    setPanel(panel);
+    emit scrollToSelectedSearchResult(direction);
+    return true;
+}
+
+bool FloatingWindowView::enterKey()
+{
+    const int index = m_panel.selectedIndex;
+    if (!m_panel.isShown || index < 0 || index >= searchResults().size())
+        return m_commandTemplateState.handleEnterKey();
+    openSelectedSearchResult();
+    return true;
+}
+
+void FloatingWindowView::handleTabKey()
+{
+    if (!m_panel.isShown || searchResults().isEmpty() || m_panel.hasFocus)
+        return;
+    setPanel({.isShown = true, .hasFocus = true, .selectedIndex = 0});
+    setFocused(false);
+    emit scrollToSelectedSearchResult(std::nullopt);
+}
+
+void FloatingWindowView::openSelectedSearchResult()
+{
+    openSearchResult(m_panel.selectedIndex);
+}
+
+void FloatingWindowView::openSearchResult(int index)
+{
+    if (index < 0 || index >= searchResults().size())
+        return;
+    const NoteSearchResult note = searchResults().at(index);
+    QCoro::connect(m_services.notes.openNoteInObsidian(note), this,
+                   [this] { emit toggleRequested(); });
+}
+
+// The card's answer to a command
 
 void FloatingWindowView::handleCommandEnter()
 {
     setSpringScale(1.05);
-    m_scheduler.after(100ms, this, [this] { setSpringScale(1.0); });
+    m_services.scheduler.after(100ms, this, [this] { setSpringScale(1.0); });
     QCoro::connect(m_commandTemplateState.executeCommand(), this,
                    [this](bool success) { flash(success); });
 }
@@ -89,7 +259,7 @@ void FloatingWindowView::flash(bool success)
 {
     const auto show = success ? &FloatingWindowView::showAccent : &FloatingWindowView::showError;
     (this->*show)(true);
-    m_scheduler.after(300ms, this, [this, show] { (this->*show)(false); });
+    m_services.scheduler.after(300ms, this, [this, show] { (this->*show)(false); });
 }
 
 void FloatingWindowView::showAccent(bool show)
