@@ -7,10 +7,12 @@
 
 namespace jotwell {
 
+class DesktopAppearance;
 class FileCalls;
 class FileSystems;
 class FolderWatcher;
 class InstanceDoor;
+class KeyNames;
 class StatusItem;
 class TerminationSignals;
 class WindowSystem;
@@ -26,6 +28,8 @@ class Workspace;
 [[nodiscard]] std::unique_ptr<Workspace> makeWorkspace();
 [[nodiscard]] std::unique_ptr<WindowSystem> makeWindowSystem();
 [[nodiscard]] std::unique_ptr<TerminationSignals> makeTerminationSignals();
+[[nodiscard]] std::unique_ptr<DesktopAppearance> makeDesktopAppearance();
+[[nodiscard]] std::unique_ptr<KeyNames> makeKeyNames();
 /// `description` is what the item is called to those who can't see its icon.
 [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem(const QIcon& icon,
                                                          const QString& description);

@@ -3,6 +3,8 @@
 #include "Platform/linux/DBusInstanceDoor.h"
 #include "Platform/linux/InotifyFolderWatcher.h"
 #include "Platform/linux/LinuxFileSystems.h"
+#include "Platform/linux/PcKeyNames.h"
+#include "Platform/linux/PortalAppearance.h"
 #include "Platform/linux/PosixFileCalls.h"
 #include "Platform/linux/TrayStatusItem.h"
 #include "Platform/linux/UnixTerminationSignals.h"
@@ -44,6 +46,16 @@ std::unique_ptr<WindowSystem> makeWindowSystem()
 std::unique_ptr<TerminationSignals> makeTerminationSignals()
 {
     return std::make_unique<UnixTerminationSignals>();
+}
+
+std::unique_ptr<DesktopAppearance> makeDesktopAppearance()
+{
+    return std::make_unique<PortalAppearance>();
+}
+
+std::unique_ptr<KeyNames> makeKeyNames()
+{
+    return std::make_unique<PcKeyNames>();
 }
 
 std::unique_ptr<StatusItem> makeStatusItem(const QIcon& icon, const QString& description)
