@@ -6,8 +6,8 @@ set -euo pipefail
 declare -A packages
 packages[build]="
     cmake g++ git ninja-build pkg-config
-    libgmock-dev libgtest-dev libicu-dev libsqlite3-dev libxcb1-dev libxkbcommon-dev
-    libxxhash-dev
+    libgmock-dev libgtest-dev libicu-dev libsqlite3-dev libxcb1-dev libxcb-shape0-dev
+    libxcb-xfixes0-dev libxkbcommon-dev libxxhash-dev
     qcoro-qt6-dev qt6-base-dev qt6-base-dev-tools qt6-svg-dev
     qt6-declarative-dev qt6-declarative-dev-tools"
 packages[run]="

@@ -68,7 +68,7 @@ void AppDelegate::setupFloatingWindow()
     m_floatingWindowView = std::make_unique<FloatingWindowView>(InputServices::shared(m_scheduler),
                                                                 ToastManager::shared());
     m_floatingWindow = std::make_unique<FloatingWindow>(*m_floatingWindowView, m_desktop.windows);
-    connect(m_floatingWindow.get(), &FloatingWindow::escapePressed, this,
+    connect(m_floatingWindow.get(), &FloatingWindow::togglePressed, this,
             &AppDelegate::toggleFloatingWindow);
 }
 

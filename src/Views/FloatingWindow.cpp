@@ -1,28 +1,19 @@
 #include "Views/FloatingWindow.h"
 
-#include "Platform/WindowSystem.h"
 #include "Views/FloatingWindowView.h"
 #include "Views/ViewResources.h"
+#include "Views/WindowKeys.h"
 
-#include <QBitmap>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QPainterPath>
 #include <QQmlEngine>
 #include <QScreen>
 
+#include <algorithm>
+#include <utility>
+
 namespace jotwell {
-
-namespace {
-
-QRegion roundedRegion(const QRectF& rect, double radius)
-{
-    QPainterPath path;
-    path.addRoundedRect(rect, radius, radius);
-    return QRegion(path.toFillPolygon().toPolygon());
-}
-
-} // namespace
 
 FloatingWindow::FloatingWindow(FloatingWindowView& view, WindowSystem& windowSystem)
     : m_view(view), m_windowSystem(windowSystem)
@@ -36,6 +27,16 @@ FloatingWindow::FloatingWindow(FloatingWindowView& view, WindowSystem& windowSys
     resize(contentSize);
     load();
     centre();
+    followScreens();
+    m_windowSystem.watchCompositing([this] {
+        if (isVisible())
+            updateShape();
+    });
+}
+
+FloatingWindow::~FloatingWindow()
+{
+    m_windowSystem.watchCompositing({});
 }
 
 void FloatingWindow::load()
@@ -44,54 +45,84 @@ void FloatingWindow::load()
     setInitialProperties({{QStringLiteral("view"), QVariant::fromValue(&m_view)}});
     setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Jotwell/FloatingWindowView.qml")));
     m_card = rootObject()->findChild<QQuickItem*>(QStringLiteral("card"));
-    connect(m_card, &QQuickItem::scaleChanged, this, &FloatingWindow::updateMask);
-    connect(m_card, &QQuickItem::heightChanged, this, &FloatingWindow::updateMask);
+    // Once for each frame, when everything that moves has moved.
+    connect(this, &QQuickWindow::afterAnimating, this, &FloatingWindow::updateShape);
+}
+
+// Qt doesn't move a window off a screen that has gone.
+void FloatingWindow::followScreens()
+{
+    connect(qApp, &QGuiApplication::screenRemoved, this, &FloatingWindow::keepReachable,
+            Qt::QueuedConnection);
+    connect(this, &QWindow::screenChanged, this, &FloatingWindow::followScreen);
+    followScreen();
+}
+
+void FloatingWindow::followScreen()
+{
+    disconnect(m_screenConnection);
+    if (screen())
+        m_screenConnection = connect(screen(), &QScreen::availableGeometryChanged, this,
+                                     &FloatingWindow::keepReachable, Qt::QueuedConnection);
+}
+
+// The next show brings it back anyway.
+void FloatingWindow::keepReachable()
+{
+    const QRect card = m_card->mapRectToScene(m_card->boundingRect()).toRect();
+    const auto screens = QGuiApplication::screens();
+    const bool isReachable = std::ranges::any_of(screens, [&](const QScreen* each) {
+        return each->geometry().contains(card.translated(position()));
+    });
+    if (isVisible() && !isReachable)
+        centre();
 }
 
 void FloatingWindow::centre()
 {
-    const QScreen* screen = m_windowSystem.mainScreen();
-    if (!screen)
+    QScreen* const main = m_windowSystem.mainScreen();
+    if (!main)
         return;
-    const QRect frame = screen->availableGeometry();
-    setPosition(frame.x() + (frame.width() - contentSize.width()) / 2,
-                frame.y() + (frame.height() - contentSize.height()) / 2);
+    setScreen(main); // first, as its scale is that of the place
+    const QRect frame = main->availableGeometry();
+    const QSize room = frame.size() - contentSize;
+    setGeometry({frame.topLeft() + QPoint(room.width() / 2, room.height() / 2), contentSize});
 }
 
 void FloatingWindow::makeKeyAndOrderFront()
 {
     // A window manager forgets these when it takes a window off the screen.
     m_windowSystem.makeAccessory(this);
-    m_isCompositing = m_windowSystem.isCompositing();
-    updateMask();
+    updateShape();
     show();
     m_windowSystem.activate(this);
     if (!std::exchange(m_hasAppeared, true))
         m_view.appear();
 }
 
-// With see-through pixels the window is the card and its shadow, and clicks beside them go to what
-// lies behind. Without, it is cut to the card, and what shines through at its corners is the card's
-// own colour: else both would be black.
-void FloatingWindow::updateMask()
+// Without see-through pixels the window is cut to the card, and what shines through at its corners
+// is the card's own colour: else both would be black.
+void FloatingWindow::updateShape()
 {
+    const bool isCut = !m_windowSystem.isCompositing();
     const QObject& root = *rootObject();
-    const QRectF card = m_card->mapRectToScene(m_card->boundingRect());
-    if (m_isCompositing) {
-        const double margin = root.property("padding").toDouble();
-        setColor(Qt::transparent);
-        setMask(card.adjusted(-margin, -margin, margin, margin).toAlignedRect());
-    } else {
-        const double radius = root.property("radius").toDouble() * m_card->scale();
-        setColor(root.property("cardColor").value<QColor>());
-        setMask(roundedRegion(card, radius));
-    }
+    setColor(isCut ? root.property("cardColor").value<QColor>() : QColor(Qt::transparent));
+    const WindowShape shape{m_card->mapRectToScene(m_card->boundingRect()),
+                            root.property("radius").toDouble() * m_card->scale(),
+                            devicePixelRatio(), isCut};
+    if (shape != std::exchange(m_shape, shape))
+        m_windowSystem.setShape(this, shape);
 }
 
+// Keys belong to an input method until it has done with them.
 void FloatingWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape && !m_view.editor()->isComposing())
-        emit escapePressed();
+    const WindowKey key{event->key(), m_windowSystem.keyCode(*event), event->modifiers()};
+    const auto action = m_view.editor()->isComposing() ? WindowKeyAction() : actionFor(key);
+    if (std::holds_alternative<ToggleWindow>(action))
+        emit togglePressed();
+    else if (const auto* insert = std::get_if<InsertCommand>(&action))
+        emit commandPressed(insert->command);
     else
         QQuickView::keyPressEvent(event);
 }

@@ -1,16 +1,20 @@
 #pragma once
 
+#include "Models/Command.h"
+#include "Platform/WindowSystem.h"
+
 #include <QPointer>
 #include <QQuickItem>
 #include <QQuickView>
 
+#include <optional>
+
 namespace jotwell {
 
 class FloatingWindowView;
-class WindowSystem;
 
 /// The borderless window around the capture card. It can take the keyboard, stays above other
-/// windows and is only ever hidden. Main thread.
+/// windows, takes clicks only on the card, and is only ever hidden. Main thread.
 class FloatingWindow : public QQuickView {
     Q_OBJECT
 
@@ -19,14 +23,17 @@ public:
 
     /// Shows `view`, which must outlive the window, as must `windowSystem`.
     FloatingWindow(FloatingWindowView& view, WindowSystem& windowSystem);
+    ~FloatingWindow() override;
 
     /// Moves to the middle of the main screen; stays where it is if there is none.
     void centre();
     void makeKeyAndOrderFront();
 
 signals:
-    /// Escape was pressed and no input method has a use for it.
-    void escapePressed();
+    /// The user pressed the key that hides the window, and no input method has a use for it.
+    void togglePressed();
+    /// The user pressed the key of `command`, likewise.
+    void commandPressed(jotwell::Command command);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -34,13 +41,17 @@ protected:
 
 private:
     void load();
-    void updateMask();
+    void followScreens();
+    void followScreen();
+    void keepReachable();
+    void updateShape();
 
     FloatingWindowView& m_view;
     WindowSystem& m_windowSystem;
     QPointer<QQuickItem> m_card;
+    QMetaObject::Connection m_screenConnection;
+    std::optional<WindowShape> m_shape; ///< that the window system has been told
     bool m_hasAppeared = false;
-    bool m_isCompositing = true; ///< when it was last shown
 };
 
 } // namespace jotwell

@@ -5,6 +5,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
@@ -26,6 +27,13 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers, quint32 scanCode,
+               const QString& text = {})
+    {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, scanCode, 0, 0, text);
+        QCoreApplication::sendEvent(&window, &event);
+    }
+
     QQuickItem* item(const char* name)
     {
         return window.rootObject()->findChild<QQuickItem*>(QString::fromLatin1(name));
@@ -34,7 +42,8 @@ protected:
     ViewBench bench;
     FakeWindowSystem windowSystem;
     FloatingWindow window{bench.floatingWindowView, windowSystem};
-    QSignalSpy escapes{&window, &FloatingWindow::escapePressed};
+    QSignalSpy toggles{&window, &FloatingWindow::togglePressed};
+    QSignalSpy commands{&window, &FloatingWindow::commandPressed};
 };
 
 } // namespace
@@ -81,7 +90,7 @@ TEST_F(FloatingWindowTest, EscapeIsReportedAndGoesNoFurther)
 {
     show();
     QTest::keyClick(&window, Qt::Key_Escape);
-    EXPECT_EQ(escapes.size(), 1);
+    EXPECT_EQ(toggles.size(), 1);
 }
 
 TEST_F(FloatingWindowTest, EscapeBelongsToTheInputMethodWhileItComposes)
@@ -89,10 +98,10 @@ TEST_F(FloatingWindowTest, EscapeBelongsToTheInputMethodWhileItComposes)
     show();
     bench.compose(QStringLiteral("ni"));
     QTest::keyClick(&window, Qt::Key_Escape);
-    EXPECT_EQ(escapes.size(), 0);
+    EXPECT_EQ(toggles.size(), 0);
     bench.compose({}, QStringLiteral("\u4f60"));
     QTest::keyClick(&window, Qt::Key_Escape);
-    EXPECT_EQ(escapes.size(), 1);
+    EXPECT_EQ(toggles.size(), 1);
 }
 
 TEST_F(FloatingWindowTest, ClosingOnlyHides)
@@ -105,33 +114,121 @@ TEST_F(FloatingWindowTest, ClosingOnlyHides)
     EXPECT_EQ(item("textArea")->property("text").toString(), QStringLiteral("kept"));
 }
 
-TEST_F(FloatingWindowTest, TakesInputOnlyAroundTheCard)
+TEST_F(FloatingWindowTest, TakesInputOnlyOnTheCard)
 {
     show();
-    EXPECT_EQ(window.mask(), QRegion(0, 218 - 30, 860, 164 + 60));
+    const WindowShape expected{QRectF(30, 218, 800, 164), 12, 1, false};
+    EXPECT_EQ(windowSystem.shape, expected);
     EXPECT_EQ(window.color(), QColor(Qt::transparent));
+}
+
+TEST_F(FloatingWindowTest, ShapeFollowsTheHeightOfTheCard)
+{
+    show();
+    bench.setText(QStringLiteral("/"));
+    bench.state().handleTextChange();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return windowSystem.shape.rect.height() == 264; }));
+    EXPECT_EQ(windowSystem.shape.rect, QRectF(30, 168, 800, 264));
+}
+
+TEST_F(FloatingWindowTest, ShapeFollowsTheScaleOfTheCard)
+{
+    show();
+    item("card")->setScale(1.05);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return windowSystem.shape.rect.width() > 820; }));
+    EXPECT_NEAR(windowSystem.shape.rect.x(), 30 - 20, 0.001);
+    EXPECT_NEAR(windowSystem.shape.radius, 12 * 1.05, 0.001);
+}
+
+TEST_F(FloatingWindowTest, ShapeIsToldOnlyWhenItChanges)
+{
+    show();
+    QSignalSpy frames(&window, &QQuickWindow::frameSwapped);
+    QTest::keyClick(&window, Qt::Key_A);
+    EXPECT_TRUE(frames.wait());
+    window.hide();
+    show();
+    EXPECT_EQ(windowSystem.shapes, 1);
 }
 
 TEST_F(FloatingWindowTest, IsCutToTheCardWithoutACompositor)
 {
-    windowSystem.compositing = false;
+    windowSystem.setCompositing(false);
     show();
-    EXPECT_EQ(window.mask().boundingRect(), QRect(30, 218, 800, 164));
-    EXPECT_FALSE(window.mask().contains(QPoint(31, 219))) << "the corners are round";
-    EXPECT_TRUE(window.mask().contains(QPoint(30 + 400, 219)));
+    EXPECT_TRUE(windowSystem.shape.isCut);
+    EXPECT_EQ(window.color(), window.rootObject()->property("cardColor").value<QColor>());
     EXPECT_EQ(window.color().alpha(), 255);
-    item("card")->setHeight(264);
-    EXPECT_EQ(window.mask().boundingRect().height(), 264);
 }
 
-TEST_F(FloatingWindowTest, MaskFollowsACompositorThatCame)
+TEST_F(FloatingWindowTest, LookFollowsACompositorThatComesAndGoes)
 {
-    windowSystem.compositing = false;
+    show();
+    windowSystem.setCompositing(false);
+    EXPECT_TRUE(windowSystem.shape.isCut);
+    EXPECT_EQ(window.color().alpha(), 255);
+    windowSystem.setCompositing(true);
+    EXPECT_FALSE(windowSystem.shape.isCut);
+    EXPECT_EQ(window.color(), QColor(Qt::transparent));
+}
+
+TEST_F(FloatingWindowTest, LookFollowsACompositorThatCameWhileHidden)
+{
+    windowSystem.setCompositing(false);
     show();
     window.hide();
-    windowSystem.compositing = true;
+    windowSystem.setCompositing(true);
     show();
-    EXPECT_EQ(window.mask().boundingRect().width(), 860);
+    EXPECT_FALSE(windowSystem.shape.isCut);
+}
+
+TEST_F(FloatingWindowTest, CompositorMayComeWhenTheWindowHasGone)
+{
+    {
+        FloatingWindow other(bench.floatingWindowView, windowSystem);
+    }
+    windowSystem.setCompositing(false);
+    EXPECT_EQ(windowSystem.shapes, 0);
+}
+
+TEST_F(FloatingWindowTest, KeysOfCommandsAreReportedByTheirPlaceAndGoNoFurther)
+{
+    show();
+    press(Qt::Key_Ampersand, Qt::ControlModifier, 18, QStringLiteral("&"));
+    press(Qt::Key_Eacute, Qt::ControlModifier | Qt::ShiftModifier, 19, QStringLiteral("2"));
+    ASSERT_EQ(commands.size(), 2);
+    EXPECT_EQ(commands[0][0].value<Command>(), Command::newNote);
+    EXPECT_EQ(commands[1][0].value<Command>(), Command::searchNotes);
+    EXPECT_EQ(bench.text(), QString());
+}
+
+TEST_F(FloatingWindowTest, DigitsWithoutControlAreText)
+{
+    show();
+    press(Qt::Key_1, Qt::NoModifier, 18, QStringLiteral("1"));
+    EXPECT_EQ(commands.size(), 0);
+    EXPECT_EQ(bench.text(), QStringLiteral("1"));
+}
+
+TEST_F(FloatingWindowTest, KeysOfCommandsBelongToTheInputMethodWhileItComposes)
+{
+    show();
+    bench.compose(QStringLiteral("ni"));
+    press(Qt::Key_1, Qt::ControlModifier, 18);
+    EXPECT_EQ(commands.size(), 0);
+}
+
+TEST_F(FloatingWindowTest, FiftyTogglesLeaveItHiddenAndOnceMoreShown)
+{
+    for (int toggle = 0; toggle < 50; ++toggle) {
+        if (window.isVisible())
+            window.hide();
+        else
+            window.makeKeyAndOrderFront();
+    }
+    EXPECT_FALSE(window.isVisible());
+    show();
+    QTest::keyClick(&window, Qt::Key_A);
+    EXPECT_EQ(bench.text(), QStringLiteral("a"));
 }
 
 // Looking for places to wrap it would take minutes.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/WindowSystem.h"
+#include "Platform/linux/XcbSelectionWatch.h"
 
 namespace jotwell {
 
@@ -8,10 +9,18 @@ namespace jotwell {
 /// windows are always see-through, and the screen is the pointer's.
 class XcbWindowSystem : public WindowSystem {
 public:
+    XcbWindowSystem();
+
     [[nodiscard]] QScreen* mainScreen() const override;
     [[nodiscard]] bool isCompositing() const override;
+    void watchCompositing(std::function<void()> changed) override;
     void makeAccessory(QWindow* window) override;
+    void setShape(QWindow* window, const WindowShape& shape) override;
     void activate(QWindow* window) override;
+    [[nodiscard]] std::optional<int> keyCode(const QKeyEvent& event) const override;
+
+private:
+    XcbSelectionWatch m_selections;
 };
 
 } // namespace jotwell
