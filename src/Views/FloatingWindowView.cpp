@@ -23,7 +23,7 @@ FloatingWindowView::FloatingWindowView(const InputServices& services, ToastManag
     : QObject(parent), m_services(services), m_commandTemplateState(services),
       m_editor(editorBindings(), services.scheduler),
       m_dropdown(m_commandTemplateState, services.scheduler), m_results(services.scheduler),
-      m_toasts(toastManager)
+      m_indexStatus(services.tags, services.scheduler), m_toasts(toastManager)
 {
     connect(&m_commandTemplateState, &CommandTemplateState::changed, this,
             &FloatingWindowView::stateChanged);
@@ -31,6 +31,10 @@ FloatingWindowView::FloatingWindowView(const InputServices& services, ToastManag
             &SearchResultsView::scrollToSelected);
     connect(&m_results, &SearchResultsView::resultTapped, this,
             &FloatingWindowView::openSearchResult);
+    connect(&m_shortcuts, &CommandShortcutsRow::commandSelected, this,
+            &FloatingWindowView::handleCommandShortcut);
+    connect(&m_shortcuts, &CommandShortcutsRow::createNoteRequested, this,
+            &FloatingWindowView::handleCommandEnter);
 }
 
 CustomTextEditorBindings FloatingWindowView::editorBindings()
@@ -69,6 +73,7 @@ void FloatingWindowView::stateChanged(CommandTemplateField field)
 {
     using Field = CommandTemplateField;
     if (field == Field::text || field == Field::forceTextUpdate) {
+        m_shortcuts.setCurrentText(m_commandTemplateState.text());
         m_editor.updateView();
     } else if (field == Field::showDropdown) {
         emit showDropdownChanged();

@@ -2,8 +2,10 @@
 
 #include "Services/CommandTemplateManager.h"
 #include "Services/Input/InputServices.h"
+#include "Views/CommandShortcutsRow.h"
 #include "Views/DropdownModel.h"
 #include "Views/Editor/CustomTextEditor.h"
+#include "Views/IndexStatusView.h"
 #include "Views/Results/SearchResultsView.h"
 #include "Views/ToastContainerView.h"
 
@@ -25,7 +27,9 @@ class FloatingWindowView : public QObject {
 
     Q_PROPERTY(jotwell::CustomTextEditor* editor READ editor CONSTANT)
     Q_PROPERTY(jotwell::DropdownModel* dropdown READ dropdown CONSTANT)
+    Q_PROPERTY(jotwell::CommandShortcutsRow* shortcuts READ shortcuts CONSTANT)
     Q_PROPERTY(jotwell::SearchResultsView* results READ results CONSTANT)
+    Q_PROPERTY(jotwell::IndexStatusView* indexStatus READ indexStatus CONSTANT)
     Q_PROPERTY(jotwell::ToastContainerView* toasts READ toasts CONSTANT)
     Q_PROPERTY(bool showDropdown READ showDropdown NOTIFY showDropdownChanged)
     Q_PROPERTY(bool showSearchResults READ showSearchResults NOTIFY showSearchResultsChanged)
@@ -43,7 +47,9 @@ public:
     [[nodiscard]] CommandTemplateState& commandTemplateState() { return m_commandTemplateState; }
     [[nodiscard]] CustomTextEditor* editor() { return &m_editor; }
     [[nodiscard]] DropdownModel* dropdown() { return &m_dropdown; }
+    [[nodiscard]] CommandShortcutsRow* shortcuts() { return &m_shortcuts; }
     [[nodiscard]] SearchResultsView* results() { return &m_results; }
+    [[nodiscard]] IndexStatusView* indexStatus() { return &m_indexStatus; }
     [[nodiscard]] ToastContainerView* toasts() { return &m_toasts; }
 
     /// The text field is to have the keyboard.
@@ -73,7 +79,7 @@ public:
     /// The window is on the screen for the first time. From here on the lists of notes come here.
     void appear();
     /// Runs the command in the text and shows how it went.
-    Q_INVOKABLE void handleCommandEnter();
+    void handleCommandEnter();
     /// Puts a command into the text; the recent notes are listed at once.
     void handleCommandShortcut(Command command);
     /// The same for a `Command`; any other object is passed over.
@@ -128,7 +134,9 @@ private:
     CommandTemplateState m_commandTemplateState;
     CustomTextEditor m_editor;
     DropdownModel m_dropdown;
+    CommandShortcutsRow m_shortcuts;
     SearchResultsView m_results;
+    IndexStatusView m_indexStatus;
     ToastContainerView m_toasts;
     bool m_isFocused = false;
     Panel m_panel;

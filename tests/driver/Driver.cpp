@@ -21,6 +21,7 @@ Driver::Driver(Session& session)
     addIndexOps(m_operations, session);
     addTemplateSyncOps(m_operations);
     addEditorOps(m_operations, session);
+    addWindowOps(m_operations, session);
     m_operations.add(u"driver.info", {}, [this, &session] { return info(session); });
 }
 

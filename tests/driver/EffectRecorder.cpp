@@ -49,6 +49,11 @@ void EffectRecorder::recordSearchResults(const NoteSearchResults& notes)
     record(QStringLiteral("searchResults"), {{QStringLiteral("results"), toJson(notes)}});
 }
 
+void EffectRecorder::recordToggle()
+{
+    record(QStringLiteral("toggleFloatingWindow"), {});
+}
+
 void EffectRecorder::recordNotification(const QString& name, const QJsonValue& object,
                                         const QJsonValue& userInfo)
 {

@@ -21,6 +21,8 @@ public:
     void recordToast(const Toast& toast);
     void recordLog(const LogRecord& record);
     void recordSearchResults(const NoteSearchResults& notes);
+    /// The capture window asked to be shown or hidden.
+    void recordToggle();
     /// `object` and `userInfo` are null where there is none.
     void recordNotification(const QString& name, const QJsonValue& object,
                             const QJsonValue& userInfo);

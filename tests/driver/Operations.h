@@ -41,5 +41,6 @@ void addContentOps(Operations& ops);
 void addIndexOps(Operations& ops, Session& session);
 void addEditorOps(Operations& ops, Session& session);
 void addTemplateSyncOps(Operations& ops);
+void addWindowOps(Operations& ops, Session& session);
 
 } // namespace jotwell

@@ -6,6 +6,8 @@
 #include "Services/SharedServices.h"
 #include "Services/TagIndexService.h"
 #include "Services/ToastManager.h"
+#include "Views/FloatingWindowView.h"
+#include "driver/InputJson.h"
 
 #include <utility>
 
@@ -19,7 +21,8 @@ Session::Session(const QString& home) : m_platform(home, m_effects)
 
 Session::~Session()
 {
-    m_input.reset();
+    m_window.reset();
+    m_ownInput.reset();
     releaseSharedServices();
     setLogSink({});
 }
@@ -75,9 +78,53 @@ CommandTemplateState& Session::input()
 void Session::makeInput()
 {
     commands();
-    m_input = std::make_unique<CommandTemplateState>(
+    m_ownInput = std::make_unique<CommandTemplateState>(
         InputServices::shared(m_platform.platform().scheduler));
-    m_inputRecorder.listenTo(*m_input);
+    use(*m_ownInput);
+}
+
+void Session::use(CommandTemplateState& input)
+{
+    m_input = &input;
+    m_inputRecorder.listenTo(input);
+}
+
+FloatingWindowView& Session::window()
+{
+    if (!m_window)
+        makeWindow();
+    return *m_window;
+}
+
+void Session::makeWindow()
+{
+    commands();
+    m_window = std::make_unique<FloatingWindowView>(
+        InputServices::shared(m_platform.platform().scheduler), toasts());
+    use(m_window->commandTemplateState());
+    recordWindow();
+    m_window->appear();
+    // What it has installed is asked as before, and its calls are recorded.
+    CommandService::shared().setOnSearchResults(
+        [this, show = CommandService::shared().onSearchResults()](const NoteSearchResults& notes) {
+            m_effects.recordSearchResults(notes);
+            show(notes);
+        });
+}
+
+void Session::recordWindow()
+{
+    QObject::connect(m_window.get(), &FloatingWindowView::toggleRequested, m_window.get(),
+                     [this] { m_effects.recordToggle(); });
+    QObject::connect(
+        m_window.get(), &FloatingWindowView::scrollToSelectedSearchResult, m_window.get(),
+        [this](std::optional<ArrowDirection> direction) {
+            QJsonValue userInfo;
+            if (direction)
+                userInfo = QJsonObject{{QStringLiteral("direction"), toJson(*direction)}};
+            m_effects.recordNotification(QStringLiteral("ScrollToSelectedSearchResult"),
+                                         QJsonValue(), userInfo);
+        });
 }
 
 void Session::setListening(bool isListening)

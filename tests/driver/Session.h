@@ -11,6 +11,7 @@ namespace jotwell {
 
 class CommandService;
 class CommandTemplateState;
+class FloatingWindowView;
 class ObsidianService;
 class TagIndexService;
 class ToastManager;
@@ -37,7 +38,11 @@ public:
     CommandTemplateState& input();
     /// Makes a fresh one the current one.
     void makeInput();
-    /// What was assigned to its fields since the last call.
+    /// The current view of the capture window; makes one if there is none.
+    FloatingWindowView& window();
+    /// Makes a fresh one the current one, and its input state the current state.
+    void makeWindow();
+    /// What was assigned to the input state's fields since the last call.
     [[nodiscard]] QJsonArray takeInputChanges() { return m_inputRecorder.take(); }
     /// What the index published since the last call.
     [[nodiscard]] QJsonArray takePublications() { return m_publications.take(); }
@@ -45,11 +50,16 @@ public:
     void setListening(bool isListening);
 
 private:
+    void use(CommandTemplateState& input);
+    void recordWindow();
+
     EffectRecorder m_effects;
     DriverPlatform m_platform;
     PublicationRecorder m_publications;
     InputRecorder m_inputRecorder{m_effects};
-    std::unique_ptr<CommandTemplateState> m_input;
+    std::unique_ptr<CommandTemplateState> m_ownInput;
+    std::unique_ptr<FloatingWindowView> m_window;
+    CommandTemplateState* m_input = nullptr; ///< our own or the window's
     bool m_recordsIndex = false;
     bool m_recordsToasts = false;
     bool m_recordsCommands = false;
