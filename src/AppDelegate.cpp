@@ -70,6 +70,8 @@ void AppDelegate::setupFloatingWindow()
     m_floatingWindow = std::make_unique<FloatingWindow>(*m_floatingWindowView, m_desktop.windows);
     connect(m_floatingWindow.get(), &FloatingWindow::togglePressed, this,
             &AppDelegate::toggleFloatingWindow);
+    connect(m_floatingWindowView.get(), &FloatingWindowView::toggleRequested, this,
+            &AppDelegate::toggleFloatingWindow);
     connect(m_floatingWindow.get(), &FloatingWindow::commandPressed, m_floatingWindowView.get(),
             [this](Command command) {
                 m_floatingWindowView->insertCommand(QVariant::fromValue(command));
