@@ -1,5 +1,7 @@
 #include "AppDelegate.h"
+#include "Platform/DesktopAppearance.h"
 #include "Platform/InstanceDoor.h"
+#include "Platform/KeyNames.h"
 #include "Platform/NativeParts.h"
 #include "Platform/NativePlatform.h"
 #include "Platform/StatusItem.h"
@@ -77,6 +79,9 @@ int run(InstanceDoor& door)
     const Platform& platform = native.platform();
     installPlatform(platform);
 
+    const auto appearance = makeDesktopAppearance();
+    const auto keyNames = makeKeyNames();
+    const DesktopLooks looks(*appearance, *keyNames);
     const auto statusItem = makeStatusItem(statusIcon(), QStringLiteral("Jotwell"));
     const auto windows = makeWindowSystem();
     const auto terminationSignals = makeTerminationSignals();

@@ -1,15 +1,15 @@
 pragma Singleton
 
 import QtQuick
+import Jotwell
 
 // How everything looks: the colours of the desktop's appearance, and every measure of type and
 // duration by what it is for.
 ThemeColors {
     id: theme
 
-    readonly property SystemPalette systemPalette: SystemPalette {}
-
-    dark: systemPalette.window.hslLightness < 0.5
+    dark: Appearance.dark
+    highContrast: Appearance.highContrast
 
     // What lies on a flashing card takes these: its ground is light whatever the appearance.
     readonly property ThemeColors onFlash: ThemeColors { highContrast: theme.highContrast }

@@ -91,7 +91,7 @@ QtObject {
         switch (name) {
         case "accent": return accentMark
         case "blue": return blue
-        case "clear": return "transparent"
+        case "clear": return Qt.rgba(0, 0, 0, 0)
         case "gray": return grayText
         case "gray0.1": return hoveredRow
         case "gray0.2": return selectedRow

@@ -1,5 +1,7 @@
 #include "Views/ViewResources.h"
 
+#include "Views/Appearance.h"
+#include "Views/KeyCaps.h"
 #include "Views/ShadowImageProvider.h"
 #include "Views/SymbolImageProvider.h"
 
@@ -13,6 +15,18 @@ void installViewResources(QQmlEngine& engine)
 {
     engine.addImageProvider(QStringLiteral("symbol"), new SymbolImageProvider);
     engine.addImageProvider(QStringLiteral("shadow"), new ShadowImageProvider);
+}
+
+DesktopLooks::DesktopLooks(DesktopAppearance& appearance, const KeyNames& keyNames)
+{
+    Appearance::ofAllViews().follow(&appearance);
+    KeyCaps::ofAllViews().setNames(&keyNames);
+}
+
+DesktopLooks::~DesktopLooks()
+{
+    Appearance::ofAllViews().follow(nullptr);
+    KeyCaps::ofAllViews().setNames(nullptr);
 }
 
 void installFonts()

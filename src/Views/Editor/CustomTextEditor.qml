@@ -7,6 +7,8 @@ Flickable {
     id: field
 
     required property CustomTextEditorState editor
+    // Those of the ground that it lies on.
+    property ThemeColors colors: Theme
 
     boundsBehavior: Flickable.StopAtBounds
     flickableDirection: Flickable.VerticalFlick
@@ -18,8 +20,8 @@ Flickable {
         id: events
 
         editor: field.editor
-        commandColor: Theme.systemBlue
-        parameterColor: Theme.systemGreen
+        commandColor: field.colors.commandToken
+        parameterColor: field.colors.parameterToken
     }
 
     TextArea.flickable: TextArea {
@@ -36,12 +38,12 @@ Flickable {
         leftPadding: padding
         rightPadding: padding
         background: null
-        color: Theme.text
-        selectionColor: Theme.selectedTextBackground
-        selectedTextColor: Theme.text
+        color: field.colors.text
+        selectionColor: field.colors.selectedTextBackground
+        selectedTextColor: field.colors.text
         font.pixelSize: Theme.editorFontSize
         placeholderText: field.editor.placeholder
-        placeholderTextColor: Theme.secondaryText
+        placeholderTextColor: field.colors.placeholderText
 
         Accessible.name: "Note editor"
 
@@ -58,8 +60,8 @@ Flickable {
             width: area.width
             height: field.height
             editor: field.editor
-            commandColor: Theme.systemBlue
-            parameterColor: Theme.systemGreen
+            commandColor: field.colors.commandChip
+            parameterColor: field.colors.parameterChip
         }
 
         Chips {
@@ -117,7 +119,7 @@ Flickable {
                 y: place.y
                 width: 1
                 height: place.height
-                color: Theme.text
+                color: field.colors.text
             }
         }
     }
