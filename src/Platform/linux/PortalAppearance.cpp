@@ -55,6 +55,7 @@ bool isTrue(const QVariant& value)
 PortalAppearance::PortalAppearance() : m_bus(QDBusConnection::sessionBus())
 {
     qDBusRegisterMetaType<Settings>();
+    qRegisterMetaType<QDBusVariant>(); // slots are found by the names of known types
     m_isDark = wantsDark();
     qApp->installEventFilter(this);
     if (!m_bus.isConnected())

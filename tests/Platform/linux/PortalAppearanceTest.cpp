@@ -154,6 +154,16 @@ TEST_F(PortalAppearanceTest, AsksAPortalThatComesLater)
     EXPECT_TRUE(isDarkSoon(appearance));
 }
 
+TEST_F(PortalAppearanceTest, FollowsTheChangesOfAPortalThatComesLater)
+{
+    const PortalAppearance appearance;
+    QTest::qWait(longEnoughToAnswer);
+    FakePortal portal;
+    ASSERT_TRUE(portal.wasAsked());
+    portal.changeColorScheme(prefersDark);
+    EXPECT_TRUE(isDarkSoon(appearance));
+}
+
 TEST_F(PortalAppearanceTest, KeepsThePreferenceUntilTheNextPortalTellsAnother)
 {
     auto portal = std::make_unique<FakePortal>();
