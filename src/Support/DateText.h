@@ -17,7 +17,7 @@ namespace jotwell {
 [[nodiscard]] QString mediumDateShortTime(std::chrono::system_clock::time_point moment);
 
 /// How far a moment lies from `now` in its largest full unit by the calendar, "5 minutes ago" or
-/// "in 2 hours". A moment that is `now` counts as past.
+/// "in 2 hours". Less than a second counts as past.
 [[nodiscard]] QString relativeDate(std::chrono::system_clock::time_point moment,
                                    std::chrono::system_clock::time_point now);
 
