@@ -75,7 +75,7 @@ QVariant CommandShortcutsRow::data(const QModelIndex& index, int role) const
         return {};
     const ShortcutCommand& button = m_buttons.at(index.row());
     switch (role) {
-    case number:
+    case shortcutNumber:
         return button.number;
     case icon:
         return row(button.command).icon;
@@ -88,7 +88,7 @@ QVariant CommandShortcutsRow::data(const QModelIndex& index, int role) const
 
 QHash<int, QByteArray> CommandShortcutsRow::roleNames() const
 {
-    return {{number, "number"}, {icon, "icon"}, {text, "text"}};
+    return {{shortcutNumber, "shortcutNumber"}, {icon, "icon"}, {text, "text"}};
 }
 
 void CommandShortcutsRow::select(int number)

@@ -28,7 +28,7 @@ class CommandShortcutsRow : public QAbstractListModel {
         bool showCreateNoteButton READ showCreateNoteButton NOTIFY showCreateNoteButtonChanged)
 
 public:
-    enum Role { number = Qt::UserRole, icon, text };
+    enum Role { shortcutNumber = Qt::UserRole, icon, text };
 
     explicit CommandShortcutsRow(QObject* parent = nullptr);
 

@@ -1,3 +1,5 @@
+#include "Views/IndexBench.h"
+#include "Views/ShortcutsBench.h"
 #include "Views/ViewBench.h"
 #include "Views/ViewResources.h"
 
@@ -19,6 +21,8 @@ public slots:
     void qmlEngineAvailable(QQmlEngine* engine)
     {
         jotwell::installViewResources(*engine);
+        qmlRegisterType<jotwell::IndexBench>("JotwellTest", 1, 0, "IndexBench");
+        qmlRegisterType<jotwell::ShortcutsBench>("JotwellTest", 1, 0, "ShortcutsBench");
         qmlRegisterType<jotwell::ViewBench>("JotwellTest", 1, 0, "ViewBench");
     }
 };
