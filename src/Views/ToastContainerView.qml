@@ -33,6 +33,7 @@ Item {
     NumberAnimation {
         id: movement
 
+        objectName: "movement"
         target: container
         property: "progress"
         duration: Theme.toastDuration
@@ -51,7 +52,7 @@ Item {
             message: container.toasts.message
             icon: container.toasts.icon
             iconColor: Theme.named(container.toasts.iconColor)
-            color: Theme.named(container.toasts.color)
+            color: Theme.fillNamed(container.toasts.color)
             takesClicks: container.takesClicks
             onDismiss: container.toasts.dismiss()
         }

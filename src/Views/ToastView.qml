@@ -12,10 +12,13 @@ Item {
     property bool takesClicks: true
 
     readonly property int cornerRadius: 12
+    readonly property int spacing: 12
+    readonly property int horizontalPadding: 16
+    readonly property int verticalPadding: 12
 
     signal dismiss()
 
-    implicitHeight: row.height + 24
+    implicitHeight: row.height + 2 * verticalPadding
 
     Accessible.role: Accessible.AlertMessage
     Accessible.name: message
@@ -35,25 +38,23 @@ Item {
         }
     }
 
-    MouseArea {
-        anchors.fill: parent
+    PressEventModifier {
         enabled: toast.takesClicks
-        hoverEnabled: true
-        cursorShape: Qt.PointingHandCursor
         onClicked: toast.dismiss()
     }
 
     Item {
         id: row
 
-        x: 16
-        y: 12
-        width: parent.width - 32
+        x: toast.horizontalPadding
+        y: toast.verticalPadding
+        width: parent.width - 2 * x
         height: Math.max(symbol.height, label.height, closeButton.height)
 
         Symbol {
             id: symbol
 
+            objectName: "icon"
             anchors.verticalCenter: parent.verticalCenter
             name: toast.icon
             color: toast.iconColor
@@ -63,12 +64,13 @@ Item {
         Text {
             id: label
 
+            objectName: "message"
             anchors {
                 verticalCenter: parent.verticalCenter
                 left: symbol.right
-                leftMargin: 12
+                leftMargin: toast.spacing
                 right: closeButton.left
-                rightMargin: 12
+                rightMargin: toast.spacing
             }
             text: toast.message
             textFormat: Text.PlainText
@@ -89,7 +91,7 @@ Item {
             icon: "xmark"
             iconSize: 12
             accessibleName: "Dismiss"
-            foregroundColor: Qt.rgba(1, 1, 1, 0.8)
+            foregroundColor: Theme.fadedWhite
             hoverColor: Theme.white
             takesClicks: toast.takesClicks
             onAction: toast.dismiss()

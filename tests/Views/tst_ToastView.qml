@@ -60,9 +60,9 @@ TestCase {
 
     function test_colour_and_icon_by_type_data() {
         return [
-            { tag: "showSuccess", icon: "checkmark.circle.fill", color: Theme.green },
-            { tag: "showWarning", icon: "exclamationmark.triangle.fill", color: Theme.red },
-            { tag: "showError", icon: "xmark.circle.fill", color: Theme.red }
+            { tag: "showSuccess", icon: "checkmark.circle.fill", color: Theme.greenFill },
+            { tag: "showWarning", icon: "exclamationmark.triangle.fill", color: Theme.redFill },
+            { tag: "showError", icon: "xmark.circle.fill", color: Theme.redFill }
         ]
     }
 
@@ -113,8 +113,75 @@ TestCase {
         tryVerify(() => toast() === null)
     }
 
-    function test_long_message_stays_inside() {
-        showSettled("word ".repeat(400))
-        verify(toast().height < 100)
+    function test_measures() {
+        showSettled("Done")
+        const icon = findChild(toast(), "icon")
+        const message = findChild(toast(), "message")
+        const button = findChild(toast(), "dismissButton")
+        compare(icon.mapToItem(toast(), 0, 0).x, 16)
+        compare(icon.fontSize, 16)
+        compare(message.mapToItem(toast(), 0, 0).x, 16 + icon.width + 12)
+        compare(message.font.pixelSize, 13)
+        compare(message.font.weight, Font.Normal)
+        verify(Qt.colorEqual(message.color, "white"))
+        compare(button.mapToItem(toast(), button.width, 0).x, 800 - 16)
+        compare(button.x - (message.x + message.width), 12)
+        compare(button.icon, "xmark")
+        compare(button.iconSize, 12)
+        verify(Qt.colorEqual(button.foregroundColor, Qt.rgba(1, 1, 1, 0.8)))
+        verify(Qt.colorEqual(button.hoverColor, "white"))
+        compare(toast().height, button.height + 2 * 12)
+        compare(toast().cornerRadius, 12)
+    }
+
+    function test_moves_by_this_animation() {
+        const movement = findChild(container, "movement")
+        compare(movement.duration, 300)
+        compare(movement.easing.type, Easing.InOutQuad)
+    }
+
+    function test_lower_corners_alone_are_round() {
+        container.clip = true
+        showSettled("Done")
+        const image = grabImage(toast())
+        const height = image.height
+        const fill = Theme.greenFill
+        verify(Qt.colorEqual(image.pixel(1, 1), fill))
+        verify(Qt.colorEqual(image.pixel(798, 1), fill))
+        verify(!Qt.colorEqual(image.pixel(1, height - 2), fill))
+        verify(!Qt.colorEqual(image.pixel(798, height - 2), fill))
+        verify(Qt.colorEqual(image.pixel(13, height - 2), fill))
+    }
+
+    function test_long_message_stays_inside_data() {
+        return [{ tag: "words", message: "word ".repeat(400) },
+                { tag: "one word", message: "w".repeat(2000) },
+                { tag: "lines", message: "line\n".repeat(400) },
+                { tag: "right to left", message: "שלום ".repeat(400) },
+                { tag: "emoji", message: "🎉".repeat(1000) }]
+    }
+
+    function test_long_message_stays_inside(data) {
+        showSettled(data.message)
+        verify(toast().height < container.height)
+        verify(toast().y >= 0)
+        const message = findChild(toast(), "message")
+        const button = findChild(toast(), "dismissButton")
+        verify(message.x + message.width <= button.x)
+        verify(message.contentHeight <= toast().height)
+    }
+
+    function test_toasts_in_quick_succession_leave_nothing_behind() {
+        const before = container.children.length
+        for (let i = 0; i < 100; ++i) {
+            bench.showError("Toast " + i)
+            wait(10)
+            compare(container.children.length, before + 1)
+            compare(toast().message, "Toast " + i)
+        }
+        tryCompare(container, "progress", 1)
+        bench.toasts.dismiss()
+        tryVerify(() => toast() === null)
+        compare(container.children.length, before)
     }
 }

@@ -1,66 +1,41 @@
 import QtQuick
 import Jotwell
 
-// An icon that can be pressed.
-Item {
+// A symbol that can be pressed.
+PressableControl {
     id: button
 
-    enum Size { Small, Regular, Large }
-
     required property string icon
-    required property string accessibleName
     property int iconSize: 14
     property color foregroundColor: Theme.text
     property color hoverColor: Theme.text
-    property int size: SingleButton.Small
-    property bool takesClicks: true
+    property int size: SingleButtonSize.Small
 
-    readonly property bool isHovered: mouse.containsMouse
-    readonly property bool isPressed: mouse.pressed
-    readonly property int buttonSize: [24, 32, 48][size]
-    readonly property int cornerRadius: [4, 6, 8][size]
-    readonly property color currentColor: isPressed ? Qt.rgba(hoverColor.r, hoverColor.g, hoverColor.b, 0.8)
+    readonly property int buttonSize: measures.buttonSize
+    readonly property color currentColor: isPressed ? Qt.alpha(hoverColor, 0.8 * hoverColor.a)
                                                     : isHovered ? hoverColor : foregroundColor
-
-    signal action()
+    readonly property SingleButtonSize measures: SingleButtonSize { value: button.size }
 
     implicitWidth: buttonSize
     implicitHeight: buttonSize
-    scale: isPressed ? 0.95 : isHovered ? 1.05 : 1
+    cornerRadius: measures.cornerRadius
+    hoverDuration: Theme.iconHoverDuration
 
-    Accessible.role: Accessible.Button
-    Accessible.name: accessibleName
-    Accessible.onPressAction: button.action()
-
-    Behavior on scale {
-        NumberAnimation {
-            duration: button.isPressed ? Theme.pressDuration : Theme.hoverDuration
-            easing.type: Easing.InOutQuad
-        }
-    }
-
-    Rectangle {
-        anchors.fill: parent
-        visible: button.isHovered
+    background: Rectangle {
+        objectName: "buttonBackground"
+        visible: button.isHovered || button.isPressed
         radius: button.cornerRadius
-        color: Qt.rgba(Theme.gray.r, Theme.gray.g, Theme.gray.b, 0.2)
-        border.color: Qt.rgba(Theme.gray.r, Theme.gray.g, Theme.gray.b, 0.3)
+        color: Theme.hoveredButtonBackground
+        border.color: Theme.keyStroke
     }
 
-    Symbol {
-        anchors.centerIn: parent
-        name: button.icon
-        color: button.currentColor
-        fontSize: button.iconSize
-    }
-
-    MouseArea {
-        id: mouse
-
-        anchors.fill: parent
-        enabled: button.takesClicks
-        hoverEnabled: true
-        cursorShape: Qt.PointingHandCursor
-        onClicked: button.action()
+    contentItem: Item {
+        Symbol {
+            objectName: "icon"
+            anchors.centerIn: parent
+            name: button.icon
+            color: button.currentColor
+            fontSize: button.iconSize
+        }
     }
 }

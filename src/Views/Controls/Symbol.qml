@@ -9,10 +9,13 @@ Image {
     required property color color
     required property int fontSize
 
-    width: Math.round(fontSize * 1.25)
+    // Whole pixels of the screen, so that nothing is scaled once it is drawn.
+    readonly property int pixels: Math.round(fontSize * 1.25 * Screen.devicePixelRatio)
+
+    width: pixels / Screen.devicePixelRatio
     height: width
-    sourceSize.width: Math.ceil(width * Screen.devicePixelRatio)
-    sourceSize.height: Math.ceil(height * Screen.devicePixelRatio)
+    sourceSize.width: pixels
+    sourceSize.height: pixels
     source: "image://symbol/" + name + "/" + encodeURIComponent(color)
     fillMode: Image.PreserveAspectFit
     Accessible.ignored: true

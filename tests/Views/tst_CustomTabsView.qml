@@ -1,0 +1,162 @@
+import QtQuick
+import QtTest
+import Jotwell
+
+TestCase {
+    id: testCase
+
+    name: "CustomTabsView"
+    when: windowShown
+    width: 500
+    height: 200
+    visible: true
+
+    Component {
+        id: tabsComponent
+        CustomTabsView {
+            x: 20
+            y: 20
+            selectedTabId: "two"
+            tabs: [{ id: "one", title: "Daily" },
+                   { id: "two", title: "Meeting", icon: "doc.text" },
+                   { id: "three", title: "Synced", secondaryIcon: "arrow.triangle.2.circlepath" }]
+        }
+    }
+
+    Component {
+        id: otherComponent
+        FocusScope {
+            width: 10
+            height: 10
+            activeFocusOnTab: true
+        }
+    }
+
+    property var tabs
+
+    function init() {
+        mouseMove(testCase, 5, 5)
+        tabs = createTemporaryObject(tabsComponent, testCase)
+    }
+
+    function tab(index) {
+        return findChild(tabs, "tab" + index)
+    }
+
+    function test_order_and_measures() {
+        compare(tab(0).tab.title, "Daily")
+        compare(tab(1).tab.title, "Meeting")
+        compare(tab(2).tab.title, "Synced")
+        verify(tab(0).x < tab(1).x && tab(1).x < tab(2).x)
+        const text = findChild(tab(0), "text")
+        compare(text.font.pixelSize, 13)
+        compare(text.font.weight, Font.Normal)
+        compare(text.mapToItem(tab(0), 0, 0), Qt.point(16, 8))
+        compare(tab(0).width, text.implicitWidth + 32)
+        compare(tab(0).height, tab(2).height)
+    }
+
+    function test_icons() {
+        const icon = findChild(tab(1), "icon")
+        compare(icon.name, "doc.text")
+        compare(icon.fontSize, 12)
+        compare(findChild(tab(1), "text").x, icon.width + 6)
+        verify(!findChild(tab(0), "icon").visible)
+        const second = findChild(tab(2), "secondaryIcon")
+        compare(second.name, "arrow.triangle.2.circlepath")
+        compare(second.fontSize, 10)
+        compare(second.x, findChild(tab(2), "title").width + 6)
+        verify(!findChild(tab(0), "secondaryIcon").visible)
+    }
+
+    function expect(button, background, foreground) {
+        verify(Qt.colorEqual(findChild(button, "buttonBackground").color, background))
+        verify(Qt.colorEqual(findChild(button, "text").color, foreground))
+    }
+
+    function test_colours() {
+        expect(tab(1), Theme.accent, "white")
+        expect(tab(0), "transparent", Theme.secondaryText)
+        mouseMove(tab(0), 10, 10)
+        expect(tab(0), Qt.alpha(Theme.gray, 0.1), Theme.text)
+        mouseMove(tab(1), 10, 10)
+        expect(tab(1), Theme.accent, "white")
+    }
+
+    function test_tap_selects() {
+        mouseClick(tab(2))
+        compare(tabs.selectedTabId, "three")
+        verify(tab(2).isSelected)
+        verify(!tab(1).isSelected)
+        compare(tab(2).scale, 1)
+    }
+
+    function test_nothing_selected() {
+        tabs.selectedTabId = ""
+        for (let i = 0; i < 3; ++i)
+            verify(!tab(i).isSelected)
+        const other = createTemporaryObject(otherComponent, testCase)
+        other.forceActiveFocus()
+        keyClick(Qt.Key_Tab)
+        verify(tab(0).activeFocus)
+        keyClick(Qt.Key_Space)
+        compare(tabs.selectedTabId, "one")
+    }
+
+    function test_keys() {
+        const other = createTemporaryObject(otherComponent, testCase)
+        other.forceActiveFocus()
+        keyClick(Qt.Key_Tab)
+        verify(tab(1).activeFocus)
+        verify(findChild(tab(1), "focusRing").visible)
+        keyClick(Qt.Key_Right)
+        compare(tabs.selectedTabId, "three")
+        verify(tab(2).activeFocus)
+        keyClick(Qt.Key_Right)
+        compare(tabs.selectedTabId, "three")
+        keyClick(Qt.Key_Home)
+        compare(tabs.selectedTabId, "one")
+        keyClick(Qt.Key_Left)
+        compare(tabs.selectedTabId, "one")
+        keyClick(Qt.Key_End)
+        compare(tabs.selectedTabId, "three")
+        keyClick(Qt.Key_Left)
+        compare(tabs.selectedTabId, "two")
+        keyClick(Qt.Key_Tab)
+        verify(other.activeFocus)
+    }
+
+    function test_long_row_follows_the_selection() {
+        const many = []
+        for (let i = 0; i < 200; ++i)
+            many.push({ id: "id" + i, title: "Template " + i })
+        tabs.width = 300
+        tabs.tabs = many
+        tabs.selectedTabId = "id0"
+        tryVerify(() => tab(199).x > 300)
+        tab(0).forceActiveFocus(Qt.TabFocusReason)
+        keyClick(Qt.Key_End)
+        compare(tabs.selectedTabId, "id199")
+        compare(tabs.contentX, tabs.contentWidth - 300)
+        keyClick(Qt.Key_Home)
+        compare(tabs.contentX, 0)
+    }
+
+    function test_accessible() {
+        compare(tabs.Accessible.role, Accessible.PageTabList)
+        compare(tab(0).Accessible.role, Accessible.PageTab)
+        compare(tab(0).Accessible.name, "Daily")
+        verify(tab(1).Accessible.selected)
+        tab(0).Accessible.pressAction()
+        compare(tabs.selectedTabId, "one")
+        verify(tab(0).Accessible.selected)
+        verify(!tab(1).Accessible.selected)
+    }
+
+    function test_no_tabs() {
+        tabs.tabs = []
+        tryCompare(tabs, "contentWidth", 0)
+        keyClick(Qt.Key_Right)
+        compare(tabs.selectedTabId, "two")
+    }
+}
