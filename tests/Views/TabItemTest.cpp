@@ -1,5 +1,8 @@
 #include "Views/Controls/TabItem.h"
 
+#include <QMetaProperty>
+#include <QVariant>
+
 #include <gtest/gtest.h>
 
 using namespace jotwell;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <QString>
 #include <QUuid>
 #include <QtQml/qqmlregistration.h>
