@@ -114,6 +114,16 @@ void FloatingWindow::updateShape()
         m_windowSystem.setShape(this, shape);
 }
 
+// A window manager that has just taken the window in may not have heard of the shape before.
+void FloatingWindow::exposeEvent(QExposeEvent* event)
+{
+    QQuickView::exposeEvent(event);
+    if (std::exchange(m_wasExposed, isExposed()) || !isExposed())
+        return;
+    m_shape.reset();
+    updateShape();
+}
+
 // Keys belong to an input method until it has done with them.
 void FloatingWindow::keyPressEvent(QKeyEvent* event)
 {

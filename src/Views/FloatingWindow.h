@@ -38,6 +38,7 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void exposeEvent(QExposeEvent* event) override;
 
 private:
     void load();
@@ -51,6 +52,7 @@ private:
     QPointer<QQuickItem> m_card;
     QMetaObject::Connection m_screenConnection;
     std::optional<WindowShape> m_shape; ///< that the window system has been told
+    bool m_wasExposed = false;
     bool m_hasAppeared = false;
 };
 

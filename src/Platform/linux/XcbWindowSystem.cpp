@@ -46,6 +46,8 @@ XcbWindowSystem::XcbWindowSystem() : m_selections({compositor, windowManager}) {
 
 QScreen* XcbWindowSystem::mainScreen() const
 {
+    if (QGuiApplication::screens().size() < 2)
+        return QGuiApplication::primaryScreen(); // without waiting for the server
     if (QScreen* screen = xcbConnection() ? xcbScreenWithFocus() : nullptr)
         return screen;
     if (QScreen* screen = QGuiApplication::screenAt(QCursor::pos()))
