@@ -19,7 +19,8 @@ packages[run]="
 packages[test]="
     clang-format shellcheck qml6-module-qttest
     python3 python3-dbus python3-dbusmock python3-gi
-    at-spi2-core dbus imagemagick libfaketime openbox picom trayer xdotool xvfb"
+    at-spi2-core dbus imagemagick libfaketime openbox picom trayer
+    x11-xserver-utils xdotool xvfb"
 packages[tidy]="clang clang-tidy"
 packages[fuzz]="clang libclang-rt-dev"
 

@@ -46,11 +46,13 @@ class Desktop:
     compositor, as far as they are wanted, and a home with an empty vault. All of it is private, in
     one temporary folder, and gone with the end of the block, or of the test by whatever means."""
 
-    def __init__(self, *, bus=True, window_manager=True, compositor=True, bus_services=()):
+    def __init__(self, *, bus=True, window_manager=True, compositor=True, bus_services=(),
+                 size="1280x800"):
         self._wants_bus = bus
         self._wants_window_manager = window_manager
         self._wants_compositor = compositor
         self._bus_services = bus_services
+        self._size = size
         self._processes = []
 
     def __enter__(self):
@@ -95,6 +97,16 @@ class Desktop:
         if clock:
             environment |= _standing_clock(clock)
         return self.spawn("jotwell", [*by, program()], **_SANITIZER_OPTIONS, **environment)
+
+    def start_window_manager(self):
+        self.window_manager = self.spawn("openbox", ["openbox", "--sm-disable"])
+        check = "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"
+        wait_until(lambda: "window id" in self.ask(*check), "the window manager")
+
+    def start_compositor(self):
+        self.compositor = self.spawn(
+            "picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
+        wait_until(self._has_compositor, "the compositor")
 
     def log(self):
         """The lines that Jotwell and Qt have logged on this desktop."""
@@ -187,18 +199,15 @@ class Desktop:
 
     def _start(self):
         number = self._spawn_and_read("Xvfb", lambda pipe: [
-            "Xvfb", "-displayfd", pipe, "-screen", "0", "1280x800x24", "-noreset",
+            "Xvfb", "-displayfd", pipe, "-screen", "0", f"{self._size}x24", "-noreset",
             "-nolisten", "tcp"])
         self.environment["DISPLAY"] = f":{number}"
         if self._wants_bus:
             self._start_bus()
         if self._wants_window_manager:
-            self.spawn("openbox", ["openbox", "--sm-disable"])
-            check = "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"
-            wait_until(lambda: "window id" in self.ask(*check), "the window manager")
+            self.start_window_manager()
         if self._wants_compositor:
-            self.spawn("picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
-            wait_until(self._has_compositor, "the compositor")
+            self.start_compositor()
 
     def _start_bus(self):
         services = self._make_folder("services")
