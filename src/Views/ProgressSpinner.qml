@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Jotwell
 
@@ -27,6 +29,8 @@ Item {
         model: spinner.spokeCount
 
         Rectangle {
+            id: spoke
+
             required property int index
 
             x: (spinner.width - width) / 2
@@ -35,11 +39,11 @@ Item {
             radius: width / 2
             antialiasing: true
             color: spinner.color
-            opacity: (index + 1) / spinner.spokeCount
+            opacity: (spoke.index + 1) / spinner.spokeCount
             transform: Rotation {
-                origin.x: width / 2
+                origin.x: spoke.width / 2
                 origin.y: spinner.height / 2
-                angle: index * 360 / spinner.spokeCount
+                angle: spoke.index * 360 / spinner.spokeCount
             }
         }
     }
