@@ -164,6 +164,13 @@ TestCase {
         tryCompare(frame, "height", 120)
     }
 
+    function test_area_starts_at_its_first_line() {
+        const area = made(areaComponent, { text: "one" })
+        const first = findChild(area, "input")
+        const cursor = first.positionToRectangle(0)
+        compare(first.mapToItem(findChild(area, "frame"), cursor.x, cursor.y), Qt.point(12, 10))
+    }
+
     function test_area_takes_lines_and_lets_the_keyboard_out() {
         const area = made(areaComponent)
         area.textEditorFocused = true

@@ -23,6 +23,11 @@ TitledField {
         boundsBehavior: Flickable.StopAtBounds
         flickableDirection: Flickable.VerticalFlick
         clip: true
+        // The cursor was followed before it had its place.
+        Component.onCompleted: {
+            contentX = 0
+            contentY = 0
+        }
 
         ScrollBar.vertical: ScrollBar { Accessible.ignored: true }
 

@@ -20,6 +20,7 @@ PressableControl {
     implicitHeight: buttonSize
     cornerRadius: measures.cornerRadius
     hoverDuration: Theme.iconHoverDuration
+    opacity: isDisabled ? 0.5 : 1
 
     background: Rectangle {
         objectName: "buttonBackground"
