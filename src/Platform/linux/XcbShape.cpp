@@ -2,8 +2,8 @@
 
 #include "Platform/linux/XcbConnection.h"
 
-#include <QPainterPath>
-
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include <xcb/shape.h>
@@ -32,13 +32,24 @@ void setRegion(xcb_window_t window, xcb_shape_kind_t kind,
 
 } // namespace
 
+// Row by row, as a polygon of whole pixels would be a rectangle with slanting corners. A pixel that
+// the curve goes through is left out: the shadow shines through it.
 QRegion pixelsOf(const WindowShape& shape)
 {
     const double ratio = shape.devicePixelRatio;
-    const QRectF rect(shape.rect.topLeft() * ratio, shape.rect.size() * ratio);
-    QPainterPath path;
-    path.addRoundedRect(rect, shape.radius * ratio, shape.radius * ratio);
-    return QRegion(path.toFillPolygon().toPolygon());
+    const QRect rect = QRectF(shape.rect.topLeft() * ratio, shape.rect.size() * ratio).toRect();
+    const double radius = shape.radius * ratio;
+    const int rows = std::min(static_cast<int>(radius), rect.height() / 2);
+    QRegion pixels(rect.adjusted(0, rows, 0, -rows));
+    for (int row = 0; row < rows; ++row) {
+        const double height = radius - row - 0.5;
+        const double inset = radius - std::sqrt(radius * radius - height * height);
+        const int left = static_cast<int>(std::ceil(inset));
+        const QRect line(rect.x() + left, rect.y() + row, rect.width() - 2 * left, 1);
+        pixels += line;
+        pixels += line.translated(0, rect.height() - 1 - 2 * row);
+    }
+    return pixels;
 }
 
 void setXcbShape(xcb_window_t window, const WindowShape& shape)
