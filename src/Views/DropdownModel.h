@@ -1,25 +1,37 @@
 #pragma once
 
 #include "Services/CommandTemplateManager.h"
+#include "Views/FloatingDropdown.h"
+#include "Views/FloatingDropdownRows.h"
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
 
 namespace jotwell {
 
-/// The rows of the open completion list and the selected one of them. Follows the input state once
-/// in a turn of the event loop, however many fields have changed in it. Main thread; the state and
-/// the scheduler outlive it.
+/// The rows of the open completion list, the selected one of them and the one under the pointer.
+/// Follows the input state once in a turn of the event loop, however many fields have changed in
+/// it. A row is known by its place: other rows take the places of those before. Main thread; the
+/// state and the scheduler outlive it.
 class DropdownModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("belongs to the state of the capture window")
 
+    Q_PROPERTY(bool isShown READ isShown NOTIFY isShownChanged)
     Q_PROPERTY(int selectedIndex READ selectedIndex NOTIFY selectedIndexChanged)
-    Q_PROPERTY(bool hasSymbols READ hasSymbols NOTIFY hasSymbolsChanged)
+    Q_PROPERTY(bool hasSymbols READ hasSymbols NOTIFY dropdownTypeChanged)
 
 public:
-    enum Role { displayName = Qt::UserRole, icon, description };
+    /// Colours by their names, as `FloatingDropdown` has them.
+    enum Role {
+        displayName = Qt::UserRole,
+        icon,
+        description,
+        isSelected,
+        iconColor,
+        backgroundColor
+    };
 
     DropdownModel(CommandTemplateState& state, Scheduler& scheduler, QObject* parent = nullptr);
 
@@ -27,31 +39,54 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
+    /// The rows are those of an open list. A list that has been closed leaves its rows behind.
+    [[nodiscard]] bool isShown() const { return m_isShown; }
     /// -1 for none.
     [[nodiscard]] int selectedIndex() const { return m_selectedIndex; }
-    /// The icons are names of symbols, not texts.
-    [[nodiscard]] bool hasSymbols() const { return m_hasSymbols; }
+    [[nodiscard]] DropdownType dropdownType() const { return m_dropdownType; }
+    [[nodiscard]] bool hasSymbols() const { return FloatingDropdown::hasSymbols(m_dropdownType); }
 
     /// The user has chosen that row.
     Q_INVOKABLE void choose(int row);
+    /// The pointer has come to that row, or has left it.
+    Q_INVOKABLE void hover(int row, bool isHovered);
 
 signals:
+    void isShownChanged();
     void selectedIndexChanged();
-    void hasSymbolsChanged();
+    void dropdownTypeChanged();
+    /// Other rows than before, of the same list or of another.
+    void rowsReplaced();
+    void scrollRequested(int index, jotwell::ScrollAnchor::Anchor anchor);
 
 private:
     void stateChanged(CommandTemplateField field);
+    void scrollToSelected(std::optional<ArrowDirection> direction);
+    void refreshLater();
     void refresh();
-    void setRows(QList<CommandTemplateState::Item> rows);
-    void setSelectedIndex(int index);
-    [[nodiscard]] int indexOf(const CommandTemplateState::Item& item) const;
+    void setDropdownType(DropdownType type);
+    void setRows(const FloatingDropdownRows& rows);
+    void setRowCount(int count);
+    void setSelectedItem(const std::optional<Dropdown::Item>& item);
+    void setHoveredIndex(int index);
+    void setShown(bool isShown);
+    void requestScroll(std::optional<ArrowDirection> direction);
+    [[nodiscard]] bool isRow(int row) const { return row >= 0 && row < m_rowCount; }
+    [[nodiscard]] bool isSelectedRow(const DropdownItem& row) const;
+    void emitChanged(int first, int count, const QList<int>& roles);
 
     CommandTemplateState& m_state;
     Scheduler& m_scheduler;
-    QList<CommandTemplateState::Item> m_rows;
+    FloatingDropdownRows m_rows;
+    int m_rowCount = 0; // may lag behind the rows for as long as they are replaced
+    std::optional<DropdownItem> m_selectedItem;
     int m_selectedIndex = -1;
-    bool m_hasSymbols = false;
+    int m_hoveredIndex = -1;
+    DropdownType m_dropdownType = DropdownType::none;
+    bool m_isShown = false;
     bool m_isOutdated = false;
+    bool m_hasToScroll = false;
+    std::optional<ArrowDirection> m_scrollDirection;
 };
 
 } // namespace jotwell

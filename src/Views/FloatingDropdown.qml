@@ -1,105 +1,117 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
-import QtQuick.Controls.Basic
 import Jotwell
 
-// The completion list below the text field.
+// The completion list over the text field.
 Item {
     id: dropdown
 
     required property DropdownModel rows
 
     readonly property int padding: 4
-    readonly property int rowHeight: 46
     readonly property int maximumHeight: 300
+    readonly property int radius: 8
+    readonly property int shadowBlur: 12
+    readonly property font titleFont: SystemFonts.monospacedFont(Theme.rowTitleFontSize, Font.Medium)
+    readonly property font detailFont: Qt.font({ family: Qt.application.font.family, pixelSize: Theme.rowDetailFontSize })
+    readonly property int contentHeight: list.count * (rowHeight + list.spacing) - list.spacing
+    // The same for all, whatever other fonts their letters are taken from.
+    readonly property int rowHeight: titleMetrics.height + 2 + detailMetrics.height + 16
 
-    implicitHeight: Math.min(list.contentHeight + 2 * padding, maximumHeight)
+    implicitHeight: Math.min(Math.max(contentHeight, 0) + 2 * padding, maximumHeight)
 
-    Rectangle {
-        anchors.fill: parent
-        radius: 8
-        color: Theme.controlBackground
-        border.width: 1
-        border.color: Theme.separator
+    // Where the pointer has rested since before the list came.
+    property point restingPlace
+    property bool isResting: false
+
+    // A row that opens under it isn't what the user points at.
+    function hover(index: int, scenePosition: point) {
+        isResting = isResting && scenePosition === restingPlace
+        if (!isResting)
+            rows.hover(index, true)
     }
 
-    ListView {
+    HoverHandler {
+        id: pointer
+        parent: dropdown.parent
+    }
+
+    FontMetrics {
+        id: titleMetrics
+        font: dropdown.titleFont
+    }
+    FontMetrics {
+        id: detailMetrics
+        font: dropdown.detailFont
+    }
+
+    CardShadow {
+        radius: dropdown.radius
+        blur: dropdown.shadowBlur
+        opacity: Theme.dropdownShadowOpacity
+    }
+
+    Rectangle {
+        objectName: "dropdownBackground"
+        anchors.fill: parent
+        radius: dropdown.radius
+        color: Theme.controlBackground
+    }
+
+    RowList {
         id: list
 
         objectName: "dropdownList"
         anchors.fill: parent
-        anchors.margins: dropdown.padding
-        clip: true
-        spacing: 1
-        boundsBehavior: Flickable.StopAtBounds
+        anchors.leftMargin: dropdown.padding
+        anchors.rightMargin: dropdown.padding
+        topMargin: dropdown.padding
+        bottomMargin: dropdown.padding
         model: dropdown.rows
-        currentIndex: dropdown.rows.selectedIndex
-        highlightFollowsCurrentItem: false
-        onCurrentIndexChanged: positionViewAtIndex(currentIndex, ListView.Contain)
-        Accessible.role: Accessible.List
         Accessible.name: "Completions"
 
-        ScrollBar.vertical: ScrollBar { Accessible.ignored: true }
-
-        delegate: Rectangle {
-            id: row
-
-            required property int index
-            required property string displayName
-            required property string icon
-            required property string description
-            readonly property bool isSelected: ListView.isCurrentItem
-
-            width: ListView.view.width
+        delegate: FloatingDropdownRow {
+            width: list.width
             height: dropdown.rowHeight
-            radius: 6
-            color: isSelected ? Theme.selectedRow : mouse.containsMouse ? Theme.hoveredRow : "transparent"
-            Accessible.role: Accessible.ListItem
-            Accessible.name: displayName
-            Accessible.description: description
-            Accessible.selected: isSelected
-            Accessible.onPressAction: dropdown.rows.choose(index)
+            hasSymbols: dropdown.rows.hasSymbols
+            animates: dropdown.rows.isShown
+            titleFont: dropdown.titleFont
+            titleHeight: titleMetrics.height
+            detailFont: dropdown.detailFont
+            detailHeight: detailMetrics.height
+            onTap: dropdown.rows.choose(index)
+            onHover: scenePosition => dropdown.hover(index, scenePosition)
+            onLeave: dropdown.rows.hover(index, false)
+        }
+    }
 
-            Text {
-                x: 12
-                width: 18
-                anchors.verticalCenter: parent.verticalCenter
-                visible: !dropdown.rows.hasSymbols
-                text: row.icon
-                font: SystemFonts.emojiFont(13)
+    Rectangle {
+        objectName: "dropdownStroke"
+        anchors.fill: parent
+        radius: dropdown.radius
+        color: "transparent"
+        border.width: 1
+        border.color: Theme.separator
+    }
+
+    Connections {
+        target: dropdown.rows
+
+        function onIsShownChanged() {
+            if (!dropdown.rows.isShown) {
+                AccessibleFocus.moveBackFrom(dropdown)
+                return
             }
-
-            Column {
-                anchors.verticalCenter: parent.verticalCenter
-                x: dropdown.rows.hasSymbols ? 12 : 40
-                width: parent.width - x - 12
-                spacing: 2
-
-                Text {
-                    width: parent.width
-                    elide: Text.ElideRight
-                    maximumLineCount: 1
-                    textFormat: Text.PlainText
-                    text: row.displayName
-                    color: Theme.text
-                    font: SystemFonts.monospacedFont(13, Font.Medium)
-                }
-                Text {
-                    width: parent.width
-                    elide: Text.ElideRight
-                    maximumLineCount: 1
-                    textFormat: Text.PlainText
-                    text: row.description
-                    color: Theme.secondaryText
-                    font.pixelSize: 11
-                }
-            }
-
-            MouseArea {
-                id: mouse
-                anchors.fill: parent
-                hoverEnabled: true
-                onClicked: dropdown.rows.choose(row.index)
-            }
+            dropdown.restingPlace = pointer.point.scenePosition
+            dropdown.isResting = pointer.hovered
+            list.positionViewAtBeginning()
+        }
+        function onRowsReplaced() {
+            list.positionViewAtIndex(dropdown.rows.selectedIndex, ListView.Contain)
+        }
+        function onScrollRequested(index: int, anchor: int) {
+            list.scrollTo(index, anchor)
         }
     }
 }

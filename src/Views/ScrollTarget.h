@@ -3,7 +3,6 @@
 #include "Models/ArrowDirection.h"
 
 #include <QObject>
-#include <QtQml/qqmlregistration.h>
 
 #include <optional>
 
@@ -12,11 +11,10 @@ namespace jotwell {
 /// Which place of a list a row is to come to.
 class ScrollAnchor : public QObject {
     Q_OBJECT
-    QML_ELEMENT
-    QML_UNCREATABLE("is a list of names")
 
 public:
-    enum Anchor { top, bottom, center };
+    /// Numbered as the ways in which a `ListView` positions a row.
+    enum Anchor { top, center, bottom };
     Q_ENUM(Anchor)
 
     /// A row that an arrow key has come to jumps to the far edge, so that what follows is seen;

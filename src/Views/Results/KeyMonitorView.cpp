@@ -89,11 +89,10 @@ bool KeyMonitorView::eventFilter(QObject* watched, QEvent* event)
     if (!isKey || !watched->isWindowType())
         return false;
     const auto& key = static_cast<const QKeyEvent&>(*event);
-    if (key.isAutoRepeat())
-        return false;
-    const auto handle = event->type() == QEvent::KeyPress ? &KeyMonitorView::handleKeyDown
-                                                          : &KeyMonitorView::handleKeyUp;
-    (this->*handle)(keyCodeOf(key));
+    if (event->type() == QEvent::KeyPress)
+        handleKeyDown(keyCodeOf(key));
+    else if (!key.isAutoRepeat()) // a key that repeats isn't up in between
+        handleKeyUp(keyCodeOf(key));
     return false;
 }
 

@@ -1,10 +1,21 @@
 #include "Views/Results/SearchResultsView.h"
 
 #include "Views/Results/SearchResultRow.h"
+#include "Views/Results/SnippetParts.h"
 
 #include <utility>
 
 namespace jotwell {
+
+namespace {
+
+QString detailOf(const NoteSearchResult& result)
+{
+    const QString snippet = result.snippet.value_or(QString());
+    return snippet.isEmpty() ? truncatedPath(result.filePath) : plainText(parseSnippet(snippet));
+}
+
+} // namespace
 
 SearchResultsView::SearchResultsView(Scheduler& scheduler, QObject* parent)
     : QAbstractListModel(parent), m_scheduler(scheduler)
@@ -22,7 +33,8 @@ QVariant SearchResultsView::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const NoteSearchResult& result = m_searchResults.at(index.row());
+    const int row = index.row();
+    const NoteSearchResult& result = m_searchResults.at(row);
     switch (role) {
     case fileName:
         return result.fileName;
@@ -30,6 +42,18 @@ QVariant SearchResultsView::data(const QModelIndex& index, int role) const
         return result.snippet.value_or(QString());
     case path:
         return truncatedPath(result.filePath);
+    case detail:
+        return detailOf(result);
+    case isSelected:
+        return row == m_selectedIndex;
+    case isHovered:
+        return row == m_hoveredIndex;
+    case iconColor:
+        return SearchResultRow::iconColor(row == m_selectedIndex);
+    case backgroundColor:
+        return SearchResultRow::backgroundColor(row == m_selectedIndex, row == m_hoveredIndex);
+    case highlightColor:
+        return SearchResultRow::highlightColor(row == m_selectedIndex);
     default:
         return {};
     }
@@ -37,7 +61,15 @@ QVariant SearchResultsView::data(const QModelIndex& index, int role) const
 
 QHash<int, QByteArray> SearchResultsView::roleNames() const
 {
-    return {{fileName, "fileName"}, {snippet, "snippet"}, {path, "path"}};
+    return {{fileName, "fileName"},
+            {snippet, "snippet"},
+            {path, "path"},
+            {detail, "detail"},
+            {isSelected, "isSelected"},
+            {isHovered, "isHovered"},
+            {iconColor, "iconColor"},
+            {backgroundColor, "backgroundColor"},
+            {highlightColor, "highlightColor"}};
 }
 
 void SearchResultsView::setSearchResults(const NoteSearchResults& searchResults)
@@ -46,14 +78,42 @@ void SearchResultsView::setSearchResults(const NoteSearchResults& searchResults)
         return;
     beginResetModel();
     m_searchResults = searchResults;
+    m_hoveredIndex = -1;
     endResetModel();
     emit countTextChanged();
 }
 
 void SearchResultsView::setSelectedIndex(int index)
 {
-    if (std::exchange(m_selectedIndex, index) != index)
-        emit selectedIndexChanged();
+    const int before = std::exchange(m_selectedIndex, index);
+    if (before == index)
+        return;
+    for (const int row : {before, index})
+        emitChanged(row, {isSelected, iconColor, backgroundColor, highlightColor});
+    emit selectedIndexChanged();
+}
+
+void SearchResultsView::hover(int row, bool isHovered)
+{
+    if (isHovered)
+        setHoveredIndex(row);
+    else if (row == m_hoveredIndex)
+        setHoveredIndex(-1);
+}
+
+void SearchResultsView::setHoveredIndex(int index)
+{
+    const int before = std::exchange(m_hoveredIndex, index);
+    if (before == index)
+        return;
+    for (const int row : {before, index})
+        emitChanged(row, {isHovered, backgroundColor});
+}
+
+void SearchResultsView::emitChanged(int row, const QList<int>& roles)
+{
+    if (isRow(row))
+        emit dataChanged(index(row), index(row), roles);
 }
 
 QString SearchResultsView::countText(qsizetype count)
@@ -94,7 +154,7 @@ QStringList SearchResultsView::pressedKeys() const
 
 void SearchResultsView::tap(int row)
 {
-    if (row >= 0 && row < m_searchResults.size())
+    if (isRow(row))
         emit resultTapped(row);
 }
 

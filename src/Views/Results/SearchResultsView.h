@@ -27,8 +27,19 @@ class SearchResultsView : public QAbstractListModel {
     Q_PROPERTY(QStringList pressedKeys READ pressedKeys NOTIFY pressedKeysChanged)
 
 public:
-    /// `snippet` is empty where the path is to be shown, which is `path`, shortened.
-    enum Role { fileName = Qt::UserRole, snippet, path };
+    /// `snippet` is empty where `path` is to be shown, which is shortened; `detail` is what is read
+    /// out of them. Colours by their names, as `SearchResultRow` has them.
+    enum Role {
+        fileName = Qt::UserRole,
+        snippet,
+        path,
+        detail,
+        isSelected,
+        isHovered,
+        iconColor,
+        backgroundColor,
+        highlightColor
+    };
 
     explicit SearchResultsView(Scheduler& scheduler, QObject* parent = nullptr);
     ~SearchResultsView() override;
@@ -61,6 +72,8 @@ public:
 
     /// The user has clicked that row.
     Q_INVOKABLE void tap(int row);
+    /// The pointer has come to that row, or has left it.
+    Q_INVOKABLE void hover(int row, bool isHovered);
     /// The list has come on the screen: centres what is selected.
     Q_INVOKABLE void appear() { scrollToSelected(std::nullopt); }
 
@@ -72,9 +85,14 @@ signals:
     void resultTapped(int row);
 
 private:
+    [[nodiscard]] bool isRow(int row) const { return row >= 0 && row < m_searchResults.size(); }
+    void setHoveredIndex(int index);
+    void emitChanged(int row, const QList<int>& roles);
+
     Scheduler& m_scheduler;
     NoteSearchResults m_searchResults;
     int m_selectedIndex = -1;
+    int m_hoveredIndex = -1;
     std::unique_ptr<KeyMonitorView> m_keyMonitor;
 };
 

@@ -1,0 +1,67 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Jotwell
+
+// Rows below one another, of which only those that are seen exist. Scrolls to where it is told.
+ListView {
+    id: list
+
+    readonly property alias isScrolling: scrolling.running
+
+    clip: true
+    spacing: 1
+    cacheBuffer: 0
+    reuseItems: true
+    currentIndex: -1
+    highlightFollowsCurrentItem: false
+    keyNavigationEnabled: false
+    boundsBehavior: Flickable.StopAtBounds
+    Accessible.role: Accessible.List
+
+    ScrollBar.vertical: ScrollBar {
+        id: indicator
+
+        objectName: "indicator"
+        visible: size < 1
+        minimumSize: 0.1
+        Accessible.ignored: true
+        contentItem: Rectangle {
+            implicitWidth: 4
+            radius: width / 2
+            color: indicator.pressed || indicator.hovered ? Theme.hoveredControlStroke : Theme.inactiveMark
+        }
+    }
+
+    // `anchor` as in `positionViewAtIndex`. The rows are laid out at the target once, and the list
+    // moves there from where it is. Then it goes there once more: what lay in between may have
+    // turned out higher than was thought.
+    function scrollTo(row: int, anchor: int) {
+        scrolling.stop()
+        const start = contentY
+        positionViewAtIndex(row, anchor)
+        scrolling.from = start
+        scrolling.to = contentY
+        scrolling.row = row
+        scrolling.anchor = anchor
+        contentY = start
+        scrolling.start()
+    }
+
+    onMovementStarted: scrolling.stop()
+
+    NumberAnimation {
+        id: scrolling
+
+        property int row
+        property int anchor
+
+        target: list
+        property: "contentY"
+        duration: Theme.scrollDuration
+        easing.type: Easing.OutQuad
+        onFinished: {
+            list.positionViewAtIndex(row, anchor)
+            AccessibleFocus.moveTo(list.itemAtIndex(row))
+        }
+    }
+}
