@@ -12,7 +12,24 @@ Item {
     readonly property int cardWidth: 800
     readonly property int radius: 12
     readonly property int borderWidth: 2
+    readonly property int inputPadding: 12
     readonly property color cardColor: Theme.windowBackground
+
+    // What lies on the card's ground: during a flash that ground is a light one in the dark, too.
+    readonly property bool isFlashing: view.showAccentBackground || view.showErrorBackground
+    readonly property ThemeColors colors: isFlashing ? Theme.onFlash : Theme
+
+    component FlashAnimation: ColorAnimation {
+        duration: Theme.flashDuration
+        easing.type: Easing.InOutQuad
+    }
+
+    MouseArea {
+        objectName: "backdrop"
+        anchors.fill: parent
+        enabled: root.view.showDropdown
+        onClicked: root.view.closeDropdowns()
+    }
 
     Item {
         id: card
@@ -57,12 +74,7 @@ Item {
                                                  : root.view.showAccentBackground ? Theme.successFlash
                                                                                   : Theme.windowBackground
 
-            Behavior on color {
-                ColorAnimation {
-                    duration: Theme.flashDuration
-                    easing.type: Easing.InOutQuad
-                }
-            }
+            Behavior on color { FlashAnimation {} }
         }
 
         DragHandler {
@@ -71,29 +83,95 @@ Item {
         }
 
         MouseArea {
+            objectName: "content"
             anchors.fill: parent
-            enabled: root.view.showDropdown
-            onClicked: root.view.closeDropdowns()
+            onClicked: root.view.tapContent()
         }
 
-        CustomTextEditor {
-            id: textEditor
+        Item {
+            id: inputBox
 
-            anchors.fill: parent
-            anchors.margins: 12
-            editor: root.view.editor
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.top: parent.top
+            anchors.bottom: shortcutsRow.top
+
+            CustomTextEditor {
+                id: textEditor
+
+                objectName: "editor"
+                anchors.fill: parent
+                anchors.margins: root.inputPadding
+                editor: root.view.editor
+                colors: root.colors
+            }
+        }
+
+        CommandShortcutsRow {
+            id: shortcutsRow
+
+            objectName: "shortcutsRow"
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: resultsPanel.top
+            shortcuts: root.view.shortcuts
+            colors: root.colors
+        }
+
+        Loader {
+            id: resultsPanel
+
+            objectName: "resultsPanel"
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: indexStrip.top
+            height: item ? (item as Item).implicitHeight : 0
+            active: root.view.showSearchResults
+            sourceComponent: SearchResultsView { results: root.view.results }
+        }
+
+        // The strip comes in over the card's lower edge and leaves the same way.
+        Item {
+            id: indexStrip
+
+            property real progress: root.view.indexStatus.isIndexing ? 1 : 0
+
+            objectName: "indexStrip"
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            height: strip.item ? ((strip.item as Item).implicitHeight + 12) * progress : 0
+            opacity: progress
+            clip: true
+
+            Behavior on progress {
+                NumberAnimation {
+                    duration: Theme.panelDuration
+                    easing.type: Easing.InOutQuad
+                }
+            }
+
+            Loader {
+                id: strip
+
+                anchors.left: parent.left
+                anchors.right: parent.right
+                anchors.leftMargin: 12
+                anchors.rightMargin: 12
+                active: indexStrip.progress > 0
+                sourceComponent: IndexStatusView { indexStatus: root.view.indexStatus }
+            }
         }
 
         FloatingDropdown {
             objectName: "dropdown"
             visible: root.view.showDropdown
-            anchors.top: textEditor.top
-            anchors.topMargin: 35
-            anchors.left: textEditor.left
-            anchors.right: textEditor.right
-            anchors.leftMargin: 12
-            anchors.rightMargin: 12
-            height: Math.min(implicitHeight, card.height - y - 12)
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.leftMargin: root.inputPadding + 12
+            anchors.rightMargin: root.inputPadding + 12
+            y: root.inputPadding + 35
+            height: Math.min(implicitHeight, card.height - y - root.inputPadding)
             rows: root.view.dropdown
         }
 
@@ -105,16 +183,11 @@ Item {
             radius: root.radius + root.borderWidth / 2
             color: "transparent"
             border.width: root.borderWidth
-            border.color: root.view.showErrorBorder ? Theme.red
-                                                    : root.view.showAccentBorder ? Theme.accent
+            border.color: root.view.showErrorBorder ? Theme.systemRed
+                                                    : root.view.showAccentBorder ? Theme.accentMark
                                                                                  : "transparent"
 
-            Behavior on border.color {
-                ColorAnimation {
-                    duration: Theme.flashDuration
-                    easing.type: Easing.InOutQuad
-                }
-            }
+            Behavior on border.color { FlashAnimation {} }
         }
 
         ToastContainerView {

@@ -255,7 +255,7 @@ class Desktop:
 
 def is_green(colour):
     red, green, blue = colour
-    return green > 150 and green > red + 60 and green > blue + 60
+    return green > 80 and green > red + 60 and green > blue + 60
 
 
 def is_red(colour):

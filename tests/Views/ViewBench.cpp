@@ -33,6 +33,14 @@ void ViewBench::advance(int milliseconds)
     fake.scheduler.advance(std::chrono::milliseconds(milliseconds));
 }
 
+void ViewBench::deliver(int count)
+{
+    NoteSearchResults notes;
+    for (int each = 0; each < count; ++each)
+        notes.append(NoteSearchResult::forPath(QStringLiteral("/v/%1.md").arg(each)));
+    commands.onSearchResults()(notes);
+}
+
 void ViewBench::compose(const QString& preedit, const QString& commit)
 {
     QInputMethodEvent step(preedit, {});

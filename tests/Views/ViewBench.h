@@ -62,6 +62,8 @@ public:
     Q_INVOKABLE void showWarning(const QString& message) { toastManager.showWarning(message); }
     Q_INVOKABLE void showError(const QString& message) { toastManager.showError(message); }
     Q_INVOKABLE void appear() { floatingWindowView.appear(); }
+    /// As many notes as a command may find; the view has to have appeared.
+    Q_INVOKABLE void deliver(int count);
     /// An input method's step in the item that has the keyboard: what it composes, what it commits.
     Q_INVOKABLE void compose(const QString& preedit, const QString& commit = {});
     /// As another program would, which knows both forms of a text.

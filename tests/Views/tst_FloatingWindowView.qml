@@ -72,7 +72,7 @@ TestCase {
 
     function test_failure_flash() {
         run("Call Ada")
-        tryVerify(() => Qt.colorEqual(border.border.color, Theme.red))
+        tryVerify(() => Qt.colorEqual(border.border.color, Theme.systemRed))
         tryVerify(() => Qt.colorEqual(background.color, Theme.errorFlash))
         bench.advance(300)
         tryVerify(() => border.border.color.a === 0)
@@ -84,6 +84,115 @@ TestCase {
         bench.advance(100)
         tryVerify(() => card.scale < 1)
         tryCompare(card, "scale", 1)
+    }
+
+    function write(text) {
+        bench.text = ""
+        for (const character of text)
+            keyClick(character)
+        bench.advance(0)
+    }
+
+    function lowerEdge(item) {
+        return item.mapToItem(card, 0, item.height).y
+    }
+
+    function test_rows_stand_on_one_another_data() {
+        return [
+            { tag: "text alone", text: "Ada", results: 0, height: 164 },
+            { tag: "list", text: "/", results: 0, height: 264 },
+            { tag: "one note", text: "/search_notes a", results: 1, height: 484 },
+            { tag: "many notes", text: "/search_notes a", results: 50, height: 484 },
+            { tag: "list and notes", text: "/recent /", results: 50, height: 584 }
+        ]
+    }
+
+    function test_rows_stand_on_one_another(data) {
+        bench.appear()
+        write(data.text)
+        bench.deliver(data.results)
+        const editor = findChild(root, "editor")
+        const row = findChild(root, "shortcutsRow")
+        const panel = findChild(root, "resultsPanel")
+        compare(card.height, data.height)
+        compare(card.y, (600 - data.height) / 2)
+        compare(editor.mapToItem(card, 0, 0), Qt.point(12, 12))
+        compare(editor.width, 776)
+        compare(row.width, 800)
+        compare(row.y, lowerEdge(editor) + 12)
+        compare(panel.y, row.y + row.height)
+        compare(panel.y + panel.height, card.height)
+        compare(panel.height > 0, data.results > 0)
+        verify(panel.height <= 320)
+        if (data.results === 50)
+            compare(panel.height, 320)
+    }
+
+    function test_list_lies_over_the_rows_and_inside_the_card() {
+        write("/")
+        const dropdown = findChild(root, "dropdown")
+        compare(dropdown.visible, true)
+        compare(dropdown.x, 24)
+        compare(dropdown.width, 752)
+        compare(dropdown.y, 47)
+        verify(lowerEdge(dropdown) <= card.height - 12)
+        keyClick(Qt.Key_Backspace)
+        compare(dropdown.visible, false)
+    }
+
+    function test_click_beside_the_list_closes_it_data() {
+        return [
+            { tag: "on the card", x: 5, y: 5 },
+            { tag: "beside the card", x: -10, y: 5 }
+        ]
+    }
+
+    function test_click_beside_the_list_closes_it(data) {
+        write("/")
+        mouseClick(root, card.x + data.x, card.y + data.y)
+        compare(bench.view.showDropdown, false)
+        mouseClick(root, card.x + data.x, card.y + data.y)
+        compare(bench.view.showDropdown, false)
+    }
+
+    function test_tab_moves_into_the_panel_and_up_comes_back() {
+        bench.appear()
+        write("/search_notes a")
+        bench.deliver(3)
+        keyClick(Qt.Key_Tab)
+        compare(bench.view.results.selectedIndex, 0)
+        keyClick(Qt.Key_Down)
+        compare(bench.view.results.selectedIndex, 1)
+        keyClick(Qt.Key_Up)
+        keyClick(Qt.Key_Up)
+        compare(bench.view.results.selectedIndex, -1)
+        keyClick("b")
+        compare(bench.text, "/search_notes ab")
+    }
+
+    function test_panel_goes_with_the_search() {
+        bench.appear()
+        write("/search_notes a")
+        bench.deliver(3)
+        compare(bench.view.showSearchResults, true)
+        keyClick(Qt.Key_Backspace)
+        compare(bench.view.showSearchResults, false)
+        compare(card.height, 164)
+    }
+
+    function test_click_on_a_shortcut_leaves_the_keyboard_with_the_text() {
+        mouseClick(findChild(root, "/search_notes"))
+        compare(bench.text, "/search_notes ")
+        bench.advance(0)
+        keyClick("a")
+        compare(bench.text, "/search_notes a")
+    }
+
+    function test_text_takes_the_colours_of_a_flash() {
+        run("Call Ada")
+        compare(root.colors, Theme.onFlash)
+        bench.advance(300)
+        compare(root.colors, Theme)
     }
 
     function test_toast_takes_no_click() {
