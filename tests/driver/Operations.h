@@ -32,6 +32,7 @@ private:
 void addSessionOps(Operations& ops, Session& session);
 void addDefaultsOps(Operations& ops, Session& session);
 void addSettingsOps(Operations& ops);
+void addPanelOps(Operations& ops, Session& session);
 void addRecordOps(Operations& ops);
 void addToastOps(Operations& ops, Session& session);
 void addNoteOps(Operations& ops, Session& session);
