@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QQuickItem>
-#include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
 namespace jotwell {

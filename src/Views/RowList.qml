@@ -32,19 +32,31 @@ ListView {
         }
     }
 
-    // `anchor` as in `positionViewAtIndex`. The rows are laid out at the target once, and the list
-    // moves there from where it is. Then it goes there once more: what lay in between may have
-    // turned out higher than was thought.
+    // `anchor` as in `positionViewAtIndex`. The list moves there from where it is, and then goes there
+    // once more: what lay in between may have turned out higher than was thought.
     function scrollTo(row: int, anchor: int) {
         scrolling.stop()
-        const start = contentY
-        positionViewAtIndex(row, anchor)
-        scrolling.from = start
-        scrolling.to = contentY
+        scrolling.from = contentY
+        scrolling.to = itemAtIndex(row) === null ? targetBeyond(row, anchor) : target(itemAtIndex(row), anchor)
         scrolling.row = row
         scrolling.anchor = anchor
-        contentY = start
         scrolling.start()
+    }
+
+    function target(item: Item, anchor: int): real {
+        const room = height - item.height
+        const wanted = item.y - (anchor === ListView.End ? room : anchor === ListView.Center ? room / 2 : 0)
+        const least = originY - topMargin
+        return Math.max(least, Math.min(wanted, originY + contentHeight + bottomMargin - height))
+    }
+
+    // Of a row that doesn't exist yet: the rows are laid out there once.
+    function targetBeyond(row: int, anchor: int): real {
+        const start = contentY
+        positionViewAtIndex(row, anchor)
+        const there = contentY
+        contentY = start
+        return there
     }
 
     onMovementStarted: scrolling.stop()
