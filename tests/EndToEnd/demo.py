@@ -6,10 +6,12 @@ import signal
 from pathlib import Path
 
 import accessibility
-import demo_search
+import demo_vault
 from desktop import Desktop, is_green
 from editor import Editor, is_parameter_chip
+from opened import OpenedUrls
 from processes import wait_until
+from results_panel import ResultsPanel
 
 PICTURES = Path(__file__).resolve().parents[2] / "build" / "demo"
 THOUGHT = "Call Ada about the garden"
@@ -25,9 +27,11 @@ class Demonstration:
     def start(self):
         desktop = self._desktop
         print("A desktop of its own: X server, session bus, window manager, compositor.")
-        demo_search.write_notes(desktop.vault)
-        print(f"A vault with {len(demo_search.NOTES)} notes: {desktop.vault}")
-        self._editor = Editor(desktop)
+        demo_vault.write_notes(desktop.vault)
+        print(f"A vault with {len(demo_vault.NOTES)} notes: {desktop.vault}")
+        self._opened = OpenedUrls(desktop)
+        self._editor = Editor(desktop, program=self._opened.environment)
+        self._panel = ResultsPanel(self._editor)
         self._reader = self._editor.reader
         print("Jotwell has started and shows its capture window.")
         self._picture("empty")
@@ -71,32 +75,37 @@ class Demonstration:
         print(f"A toast says: {toast}")
         self._picture("nothing-found")
 
-        self._type(f"/search_notes {KNOWN}")
+        for query, expected in {
+            KNOWN: {"Garden", "Shed"},
+            "#garden": {"Garden", "Shed"},
+            "south wall": {"Garden"},
+        }.items():
+            self._find(f"/search_notes {query}", expected)
+        self._picture("found")
+
+    def open_recent_note(self, note):
+        self._editor.press("ctrl+3")
+        print("Pressed Ctrl+3.")
+        found = wait_until(lambda: [name for name in self._panel.names() if name == note],
+                           "the new note among the recent ones")
+        _check(found == [note], "the new note is listed once")
+        self._editor.press("Tab")
+        self._panel.wait_for_selected(note)
+        self._picture("recent")
+        self._editor.press("Return")
+        self._desktop.wait_for_no_window()
+        [url] = wait_until(self._opened.all, "an opened note")
+        print(f"Pressed Tab and Return. Obsidian is handed: {url}")
+
+    def _find(self, query, expected):
+        self._type(query)
         self._run()
         self._editor.wait_for("")
-        _check(f"No notes found matching '{KNOWN}'" not in self._reader.texts(), "notes are found")
-        print("Notes were found. The panel that will show them is still to come; the same classes, "
-              "asked by jotwell-driver, give these. The times take in the look for changes in the "
-              "vault that goes before each search.\n")
+        wait_until(lambda: set(self._panel.names()) == expected, f"«{query}» finds {expected}")
+        print(f"    found: {', '.join(self._panel.names())}")
 
-    def show_results(self, note):
-        with demo_search.Searcher(self._desktop) as searcher:
-            for query, expected in {
-                KNOWN: {"Garden", "Shed"},
-                "#garden": {"Garden", "Shed"},
-                "ada": {note},
-                "south wall": {"Garden"},
-                UNKNOWN: set(),
-            }.items():
-                found = searcher.print_search(query)
-                _check(set(found) == expected, f"«{query}» finds {expected}, not {found}")
-            recent = searcher.print_recent_notes()
-            _check(recent[0] == note, "the newest note comes first")
-
-    def hide_and_show(self):
-        self._desktop.press("Escape")
-        self._desktop.wait_for_no_window()
-        print("Pressed Escape: the window is hidden, and Jotwell goes on running.")
+    def show_again(self):
+        print("The window is hidden, and Jotwell goes on running.")
         self._desktop.start_program().exit_status()
         self._desktop.wait_for_window()
         print("Started Jotwell once more: the one that runs shows its window again.")
@@ -141,8 +150,8 @@ def main():
         program = demonstration.start()
         note = demonstration.capture()
         demonstration.search()
-        demonstration.show_results(note)
-        demonstration.hide_and_show()
+        demonstration.open_recent_note(note)
+        demonstration.show_again()
         demonstration.end(program)
 
 

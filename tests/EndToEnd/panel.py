@@ -9,6 +9,7 @@ from desktop import Desktop
 from editor import Editor
 from opened import OpenedUrls
 from processes import wait_until
+from results_panel import ResultsPanel
 
 NOTES = {
     "Garden.md": "# Garden\n\nAda lends us her #garden tools on Saturday.\n",
@@ -27,48 +28,24 @@ def write_notes(vault):
         os.utime(note, (time, time))
 
 
-class Panel:
+class Panel(ResultsPanel):
+    """Jotwell over a vault with these notes."""
+
     def __init__(self, desktop):
         write_notes(desktop.vault)
         self.desktop = desktop
         self.opened = OpenedUrls(desktop)
         self.editor = Editor(desktop, program=self.opened.environment)
+        super().__init__(self.editor)
 
     def search(self, query):
         self.editor.type(f"/search_notes {query}")
         self.editor.press("ctrl+Return")
         self.editor.wait_for("")
 
-    def names(self):
-        """Of the notes in it, from the top; none if it isn't there."""
-        return self.editor.reader.ask(lambda: [row.name() for row in self._rows()])
-
-    def selected(self):
-        return self.editor.reader.ask(
-            lambda: [row.name() for row in self._rows() if row.is_selected()])
-
-    def wait_for(self, *names):
-        wait_until(lambda: self.names() == list(names), f"{names}, not {self.names()}")
-
-    def wait_for_selected(self, *names):
-        wait_until(lambda: self.selected() == list(names),
-                   f"{names} selected, not {self.selected()}")
-
-    def click(self, name):
-        x, y, width, height = self.editor.reader.ask(
-            lambda: next(row.place() for row in self._rows() if row.name() == name))
-        self.editor.click((x + width // 2, y + height // 2))
-
-    def url(self, name):
-        return f"obsidian://open?path={self.desktop.vault / name}"
-
     def wait_until_opened(self, name):
-        self.opened.wait_for(self.url(name))
+        self.opened.wait_for(f"obsidian://open?path={self.desktop.vault / name}")
         self.desktop.wait_for_no_window()
-
-    def _rows(self):
-        found = self.editor.reader.item("Notes")
-        return found.children() if found and found.is_showing() else []
 
 
 @contextlib.contextmanager

@@ -5,7 +5,7 @@ import time
 from pathlib import Path
 
 import accessibility
-import demo_search
+import demo_vault
 from desktop import Desktop, is_green
 from editor import Editor
 from portal import DARK, LIGHT, SettingsPortal
@@ -37,7 +37,7 @@ class Photographer:
         desktop = self._desktop.__enter__()
         SettingsPortal(desktop, color_scheme=self._color_scheme)
         OtherWindow(desktop, "x".join(map(str, _SCREEN)) + "+0+0")
-        demo_search.write_notes(desktop.vault)
+        demo_vault.write_notes(desktop.vault)
         for name, text in MORE_NOTES.items():
             (desktop.vault / name).write_text(text)
         self.editor = Editor(desktop)
