@@ -100,7 +100,7 @@ Item {
 
         function onIsShownChanged() {
             if (!dropdown.rows.isShown) {
-                AccessibleFocus.moveBackFrom(dropdown)
+                list.leave()
                 return
             }
             dropdown.restingPlace = pointer.point.scenePosition

@@ -40,7 +40,14 @@ ListView {
         scrolling.to = itemAtIndex(row) === null ? targetBeyond(row, anchor) : target(itemAtIndex(row), anchor)
         scrolling.row = row
         scrolling.anchor = anchor
+        scrolling.isToBeTold = true
         scrolling.start()
+    }
+
+    // The user is no longer at a row, though the list may still be moving.
+    function leave() {
+        scrolling.isToBeTold = false
+        AccessibleFocus.moveBackFrom(list)
     }
 
     function target(item: Item, anchor: int): real {
@@ -66,6 +73,7 @@ ListView {
 
         property int row
         property int anchor
+        property bool isToBeTold: false
 
         target: list
         property: "contentY"
@@ -73,7 +81,8 @@ ListView {
         easing.type: Easing.OutQuad
         onFinished: {
             list.positionViewAtIndex(row, anchor)
-            AccessibleFocus.moveTo(list.itemAtIndex(row))
+            if (isToBeTold)
+                AccessibleFocus.moveTo(list.itemAtIndex(row))
         }
     }
 }

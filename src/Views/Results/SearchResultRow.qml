@@ -71,7 +71,7 @@ Item {
             }
         }
 
-        Column {
+        Item {
             id: texts
 
             anchors.left: iconFrame.right
@@ -80,7 +80,7 @@ Item {
             anchors.right: openIcon.left
             anchors.rightMargin: row.spacing
             y: row.verticalPadding
-            spacing: 2
+            height: detailText.y + detailText.height
 
             RowText {
                 objectName: "title"
@@ -90,6 +90,9 @@ Item {
                 font: row.titleFont
             }
             Loader {
+                id: detailText
+
+                y: row.titleHeight + 2
                 width: parent.width
                 height: row.hasSnippet && item ? item.implicitHeight : row.detailHeight
                 sourceComponent: row.hasSnippet ? snippetComponent : pathComponent

@@ -109,7 +109,7 @@ Item {
         }
         function onSelectedIndexChanged() {
             if (panel.results.selectedIndex < 0)
-                AccessibleFocus.moveBackFrom(panel)
+                list.leave()
         }
     }
 }
