@@ -260,7 +260,7 @@ void CommandTemplateState::putToken(const std::optional<TextRange>& clicked,
 
 bool CommandTemplateState::handleArrowKey(ArrowDirection direction)
 {
-    if (!m_fields->showDropdown || m_dropdown.items().isEmpty())
+    if (!m_fields->showDropdown || m_dropdown.isEmpty())
         return false;
     const qsizetype step = direction == ArrowDirection::up ? -1 : 1;
     if (const auto selected = m_dropdown.selectedIndex())

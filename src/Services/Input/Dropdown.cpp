@@ -41,11 +41,56 @@ std::optional<T> firstOf(const QList<T>& rows)
     return rows.isEmpty() ? std::nullopt : std::optional<T>(rows.first());
 }
 
-// Whether the selected row is still there, by what tells rows apart.
-template <typename T, typename Key>
-bool isListed(const std::optional<T>& selected, const QList<T>& rows, Key key)
+// What tells rows of a kind apart.
+
+Command keyOf(Command command)
 {
-    return selected && std::ranges::find(rows, std::invoke(key, *selected), key) != rows.end();
+    return command;
+}
+
+const QUuid& keyOf(const ObsidianTemplate& value)
+{
+    return value.id;
+}
+
+const QString& keyOf(const FolderItem& folder)
+{
+    return folder.name;
+}
+
+const QString& keyOf(const HashtagItem& hashtag)
+{
+    return hashtag.tag;
+}
+
+template <typename T>
+std::optional<qsizetype> indexOf(const std::optional<T>& selected, const QList<T>& rows)
+{
+    if (!selected)
+        return std::nullopt;
+    const auto isSelected = [&](const T& each) { return keyOf(each) == keyOf(*selected); };
+    const auto found = std::ranges::find_if(rows, isSelected);
+    return found == rows.end() ? std::nullopt : std::optional(found - rows.begin());
+}
+
+// Calls `look` with the rows of the open list and the selected one of them. There may be thousands:
+// they aren't copied for it.
+template <typename Look>
+auto lookAtList(const Fields& fields, Look look)
+{
+    switch (fields.dropdownType) {
+    case DropdownType::command:
+        return look(fields.filteredCommands, fields.selectedCommand);
+    case DropdownType::noteTemplate:
+        return look(fields.filteredTemplates, fields.selectedTemplate);
+    case DropdownType::folder:
+        return look(fields.filteredFolders, fields.selectedFolder);
+    case DropdownType::hashtag:
+        return look(fields.filteredHashtags, fields.selectedHashtag);
+    case DropdownType::none:
+        break;
+    }
+    return look(QList<Command>(), std::optional<Command>());
 }
 
 } // namespace
@@ -57,36 +102,20 @@ Dropdown::Dropdown(ObservedFields& fields, const InputServices& services)
 
 QList<Dropdown::Item> Dropdown::items() const
 {
-    switch (m_fields->dropdownType) {
-    case DropdownType::command:
-        return itemsOf(m_fields->filteredCommands);
-    case DropdownType::noteTemplate:
-        return itemsOf(m_fields->filteredTemplates);
-    case DropdownType::folder:
-        return itemsOf(m_fields->filteredFolders);
-    case DropdownType::hashtag:
-        return itemsOf(m_fields->filteredHashtags);
-    case DropdownType::none:
-        break;
-    }
-    return {};
+    return lookAtList(m_fields.values(),
+                      [](const auto& rows, const auto&) { return itemsOf(rows); });
+}
+
+bool Dropdown::isEmpty() const
+{
+    return lookAtList(m_fields.values(),
+                      [](const auto& rows, const auto&) { return rows.isEmpty(); });
 }
 
 std::optional<Item> Dropdown::selectedItem() const
 {
-    switch (m_fields->dropdownType) {
-    case DropdownType::command:
-        return itemOf(m_fields->selectedCommand);
-    case DropdownType::noteTemplate:
-        return itemOf(m_fields->selectedTemplate);
-    case DropdownType::folder:
-        return itemOf(m_fields->selectedFolder);
-    case DropdownType::hashtag:
-        return itemOf(m_fields->selectedHashtag);
-    case DropdownType::none:
-        break;
-    }
-    return std::nullopt;
+    return lookAtList(m_fields.values(),
+                      [](const auto&, const auto& selected) { return itemOf(selected); });
 }
 
 DropdownItem Dropdown::row(const Item& item)
@@ -103,7 +132,7 @@ void Dropdown::updateCommandDropdown(const QString& input)
     }
     show(DropdownType::command);
     m_fields.clear<&Fields::selectedTemplate>();
-    if (!isListed(m_fields->selectedCommand, m_fields->filteredCommands, std::identity()))
+    if (!indexOf(m_fields->selectedCommand, m_fields->filteredCommands))
         m_fields.set<&Fields::selectedCommand>(firstOf(m_fields->filteredCommands));
 }
 
@@ -117,7 +146,7 @@ void Dropdown::updateTemplateDropdown(const std::optional<QString>& input)
     m_fields.set<&Fields::filteredTemplates>(matchingTemplates(all, searchIn(*input)));
     show(DropdownType::noteTemplate);
     m_fields.clear<&Fields::selectedCommand>();
-    if (!isListed(m_fields->selectedTemplate, m_fields->filteredTemplates, &ObsidianTemplate::id))
+    if (!indexOf(m_fields->selectedTemplate, m_fields->filteredTemplates))
         m_fields.set<&Fields::selectedTemplate>(firstOf(m_fields->filteredTemplates));
 }
 
@@ -127,7 +156,7 @@ void Dropdown::updateFolderDropdown(const std::optional<QString>& input)
     m_fields.set<&Fields::filteredFolders>(matchingFolders(m_names.folderNames(), search));
     show(DropdownType::folder);
     m_fields.clear<&Fields::selectedCommand>();
-    if (!isListed(m_fields->selectedFolder, m_fields->filteredFolders, &FolderItem::name))
+    if (!indexOf(m_fields->selectedFolder, m_fields->filteredFolders))
         m_fields.set<&Fields::selectedFolder>(firstOf(m_fields->filteredFolders));
 }
 
@@ -143,7 +172,7 @@ void Dropdown::updateHashtagDropdown(const QString& input)
     m_fields.clear<&Fields::selectedCommand>();
     m_fields.clear<&Fields::selectedTemplate>();
     m_fields.clear<&Fields::selectedFolder>();
-    if (!isListed(m_fields->selectedHashtag, m_fields->filteredHashtags, &HashtagItem::tag))
+    if (!indexOf(m_fields->selectedHashtag, m_fields->filteredHashtags))
         m_fields.set<&Fields::selectedHashtag>(firstOf(m_fields->filteredHashtags));
 }
 
@@ -216,23 +245,19 @@ void Dropdown::openHashtags(const TextRange& clicked)
 
 std::optional<qsizetype> Dropdown::selectedIndex() const
 {
-    const auto selected = selectedItem();
-    if (!selected)
-        return std::nullopt;
-    const QList<Item> all = items();
-    const auto found =
-        std::ranges::find(all, row(*selected).id, [](const Item& each) { return row(each).id; });
-    return found == all.end() ? std::nullopt : std::optional(found - all.begin());
+    return lookAtList(m_fields.values(), [](const auto& rows, const auto& selected) {
+        return indexOf(selected, rows);
+    });
 }
 
 bool Dropdown::select(qsizetype index)
 {
-    const QList<Item> all = items();
-    if (index < 0 || index >= all.size())
-        return false;
-    const auto store = [this](const auto& row) { storeSelected(row); };
-    std::visit(store, all[index]);
-    return true;
+    return lookAtList(m_fields.values(), [this, index](const auto& rows, const auto&) {
+        const bool isThere = index >= 0 && index < rows.size();
+        if (isThere)
+            storeSelected(rows[index]);
+        return isThere;
+    });
 }
 
 void Dropdown::storeSelected(Command command)

@@ -27,6 +27,7 @@ public:
 
     /// The rows of the open list; none if no list is open.
     [[nodiscard]] QList<Item> items() const;
+    [[nodiscard]] bool isEmpty() const;
     [[nodiscard]] std::optional<Item> selectedItem() const;
     /// What an item shows.
     [[nodiscard]] static DropdownItem row(const Item& item);

@@ -41,7 +41,12 @@ void InputNames::refresh() const
 
 QStringList InputNames::folderNames() const
 {
-    return QStringList(allFolders()) + m_services.notes.listVaultFolders();
+    const QStringList folders = m_services.notes.listVaultFolders();
+    if (m_folderNames.isEmpty() || !folders.isSharedWith(m_vaultFolders)) {
+        m_vaultFolders = folders;
+        m_folderNames = QStringList(allFolders()) + folders;
+    }
+    return m_folderNames;
 }
 
 QString InputNames::allFolders()

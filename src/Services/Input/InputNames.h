@@ -31,6 +31,8 @@ private:
     mutable ObsidianTemplates m_synced;
     mutable ObsidianTemplates m_enabled;
     mutable QStringList m_names;
+    mutable QStringList m_vaultFolders;
+    mutable QStringList m_folderNames;
 };
 
 } // namespace jotwell
