@@ -124,7 +124,6 @@ TestCase {
 
     function test_tab_shows_the_focus() {
         const ring = findChild(button, "focusRing")
-        button.forceActiveFocus(Qt.MouseFocusReason)
         verify(!ring.visible)
         const other = createTemporaryObject(otherComponent, testCase)
         other.forceActiveFocus()

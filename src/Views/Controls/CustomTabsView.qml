@@ -61,7 +61,7 @@ Flickable {
                 tab: modelData
                 isSelected: index === view.selectedIndex
                 // The keyboard stops once at the row and goes on inside by arrows.
-                focusPolicy: activeFocus || index === Math.max(0, view.selectedIndex) ? Qt.TabFocus : Qt.NoFocus
+                activeFocusOnTab: activeFocus || index === Math.max(0, view.selectedIndex)
                 onAction: view.selectedTabId = modelData.id
             }
         }

@@ -3,7 +3,8 @@ import QtQuick.Templates as T
 import Jotwell
 
 // What can be pressed by mouse, keys and a screen reader. A click leaves the keyboard where it is.
-T.Control {
+// It has no Control's type, since a Control forgets its role when a screen reader comes.
+Item {
     id: control
 
     property string accessibleName
@@ -15,22 +16,27 @@ T.Control {
 
     property bool isHovered: press.isHovered && enabled
     property bool isPressed: press.isPressed || isKeyHeld
-    property bool isFocusShown: visualFocus
+    property bool isFocusShown: activeFocus
     readonly property int scaleDuration: isPressed ? Theme.pressDuration : hoverDuration
     property bool isKeyHeld: false
+
+    property alias background: frame.background
+    property alias contentItem: frame.contentItem
+    property alias horizontalPadding: frame.horizontalPadding
+    property alias verticalPadding: frame.verticalPadding
 
     signal action()
 
     enabled: !isDisabled
-    hoverEnabled: false
-    focusPolicy: takesClicks ? Qt.TabFocus : Qt.NoFocus
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    activeFocusOnTab: takesClicks
+    implicitWidth: frame.implicitContentWidth + frame.leftPadding + frame.rightPadding
+    implicitHeight: frame.implicitContentHeight + frame.topPadding + frame.bottomPadding
     scale: isPressed ? 0.95 : isHovered && scalesOnHover ? 1.05 : 1
 
     Accessible.role: Accessible.Button
     Accessible.name: accessibleName
-    Accessible.focusable: takesClicks
+    Accessible.description: isDisabled ? "Disabled" : ""
+    Accessible.focusable: takesClicks && !isDisabled
     Accessible.onPressAction: act()
 
     Keys.onPressed: event => {
@@ -65,6 +71,15 @@ T.Control {
             duration: control.scaleDuration
             easing.type: Easing.InOutQuad
         }
+    }
+
+    T.Control {
+        id: frame
+
+        anchors.fill: parent
+        hoverEnabled: false
+        focusPolicy: Qt.NoFocus
+        Accessible.ignored: true
     }
 
     PressEventModifier {
