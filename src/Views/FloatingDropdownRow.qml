@@ -40,6 +40,7 @@ Rectangle {
     Accessible.role: Accessible.ListItem
     Accessible.name: displayName
     Accessible.description: description
+    Accessible.ignored: !visible
     Accessible.selectable: true
     Accessible.selected: isSelected
     Accessible.focusable: true

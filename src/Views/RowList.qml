@@ -17,6 +17,7 @@ ListView {
     keyNavigationEnabled: false
     boundsBehavior: Flickable.StopAtBounds
     Accessible.role: Accessible.List
+    Accessible.ignored: !visible
 
     ScrollBar.vertical: ScrollBar {
         id: indicator

@@ -37,6 +37,8 @@ Item {
     Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.description: modifierText + "+" + keyName
+    Accessible.ignored: !visible
+    Accessible.focusable: false
     Accessible.onPressAction: tap()
 
     function mixed(from: color, to: color, share: real): color {

@@ -20,7 +20,7 @@ Item {
 
     implicitHeight: row.height + 2 * verticalPadding
 
-    Accessible.role: Accessible.AlertMessage
+    Accessible.role: Accessible.Notification
     Accessible.name: message
 
     // One rounded rectangle with its upper corners cut off: two that overlap would show while the

@@ -72,7 +72,7 @@ TestCase {
         compare(toast().icon, data.icon)
         compare(toast().color, data.color)
         compare(toast().iconColor, Theme.white)
-        compare(toast().Accessible.role, Accessible.AlertMessage)
+        compare(toast().Accessible.role, Accessible.Notification)
         compare(toast().Accessible.name, "Message")
     }
 

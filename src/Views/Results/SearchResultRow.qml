@@ -38,6 +38,7 @@ Item {
     Accessible.role: Accessible.ListItem
     Accessible.name: fileName
     Accessible.description: detail
+    Accessible.ignored: !visible
     Accessible.selectable: true
     Accessible.selected: isSelected
     Accessible.focusable: true

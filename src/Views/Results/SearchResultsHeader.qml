@@ -23,6 +23,8 @@ Item {
         anchors.leftMargin: header.horizontalPadding
         anchors.verticalCenter: parent.verticalCenter
         spacing: 4
+        Accessible.role: Accessible.StaticText
+        Accessible.name: "Use Tab to switch to notes, ↑↓ to navigate, Enter to open"
 
         HintText { text: "Use" }
         HintKey {
@@ -49,12 +51,15 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: header.horizontalPadding
         text: header.countText
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 
     component HintKey: KeyboardKeyView {
         objectName: "key " + key
         anchors.verticalCenter: parent.verticalCenter
         size: KeySize.Small
+        Accessible.ignored: true
     }
 
     component HintText: Text {
