@@ -101,8 +101,10 @@ void DropdownModel::refresh()
         return;
     }
     setDropdownType(fields.dropdownType);
-    setRows(FloatingDropdownRows(fields));
+    const bool isReplaced = setRows(FloatingDropdownRows(fields));
     setSelectedItem(m_state.selectedItem());
+    if (isReplaced)
+        emit rowsReplaced();
     setShown(true);
     if (hasToScroll)
         requestScroll(m_scrollDirection);
@@ -116,17 +118,17 @@ void DropdownModel::setDropdownType(DropdownType type)
     emitChanged(0, m_rowCount, {iconColor, backgroundColor});
 }
 
-void DropdownModel::setRows(const FloatingDropdownRows& rows)
+bool DropdownModel::setRows(const FloatingDropdownRows& rows)
 {
     if (rows == m_rows)
-        return;
+        return false;
     const int count = static_cast<int>(rows.size());
     const int kept = std::min(m_rowCount, count);
     setRowCount(kept);
     m_rows = rows;
     emitChanged(0, kept, {});
     setRowCount(count);
-    emit rowsReplaced();
+    return true;
 }
 
 void DropdownModel::setRowCount(int count)

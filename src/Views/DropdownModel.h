@@ -55,7 +55,7 @@ signals:
     void isShownChanged();
     void selectedIndexChanged();
     void dropdownTypeChanged();
-    /// Other rows than before, of the same list or of another.
+    /// Other rows than before, of the same list or of another; which is selected is known.
     void rowsReplaced();
     void scrollRequested(int index, jotwell::ScrollAnchor::Anchor anchor);
 
@@ -65,7 +65,7 @@ private:
     void refreshLater();
     void refresh();
     void setDropdownType(DropdownType type);
-    void setRows(const FloatingDropdownRows& rows);
+    [[nodiscard]] bool setRows(const FloatingDropdownRows& rows);
     void setRowCount(int count);
     void setSelectedItem(const std::optional<Dropdown::Item>& item);
     void setHoveredIndex(int index);

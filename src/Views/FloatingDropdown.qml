@@ -105,9 +105,11 @@ Item {
             }
             dropdown.restingPlace = pointer.point.scenePosition
             dropdown.isResting = pointer.hovered
+            list.rest()
             list.positionViewAtBeginning()
         }
         function onRowsReplaced() {
+            list.rest()
             list.positionViewAtIndex(dropdown.rows.selectedIndex, ListView.Contain)
         }
         function onScrollRequested(index: int, anchor: int) {

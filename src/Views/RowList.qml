@@ -45,6 +45,12 @@ ListView {
         scrolling.start()
     }
 
+    // Where it was moving to is no place among other rows.
+    function rest() {
+        scrolling.stop()
+        returnToBounds()
+    }
+
     // The user is no longer at a row, though the list may still be moving.
     function leave() {
         scrolling.isToBeTold = false
@@ -68,6 +74,17 @@ ListView {
     }
 
     onMovementStarted: scrolling.stop()
+
+    // A view that loses all the rows in it would find no others.
+    Connections {
+        target: list.model
+        ignoreUnknownSignals: true
+
+        function onRowsAboutToBeRemoved(parent: var, first: int, last: int) {
+            list.rest()
+            list.positionViewAtIndex(first - 1, ListView.Contain)
+        }
+    }
 
     NumberAnimation {
         id: scrolling

@@ -369,6 +369,19 @@ TEST_F(DropdownModelTest, TheSameRowsAreNotReplaced)
     EXPECT_EQ(replaced, before + 1);
 }
 
+TEST_F(DropdownModelTest, WhichOfOtherRowsIsSelectedIsKnownWithThem)
+{
+    openFolders(3);
+    press(ArrowDirection::down);
+    press(ArrowDirection::down);
+    std::vector<int> known;
+    QObject::connect(&model, &DropdownModel::rowsReplaced, &model,
+                     [&] { known.push_back(model.selectedIndex()); });
+    writeAndTurn("/recent $f0");
+    EXPECT_THAT(known, ElementsAre(1));
+    EXPECT_THAT(markedRows(), ElementsAre(1));
+}
+
 TEST_F(DropdownModelTest, ARowThatIsChosenWhileTheListIsOutdatedIsTheOneSeen)
 {
     openFolders(3);

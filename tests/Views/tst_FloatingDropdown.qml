@@ -284,6 +284,70 @@ TestCase {
         verify(topOf(selected) >= 0 && topOf(selected) < 300)
     }
 
+    function showsItsSelectedRow() {
+        const selected = bench.view.dropdown.selectedIndex
+        return topOf(selected) >= 0 && topOf(selected) + row(selected).height <= 300
+    }
+
+    function test_a_list_of_another_kind_shows_its_selected_row() {
+        bench.addTemplates(60)
+        openFolders(40)
+        for (let index = 1; index <= 30; ++index)
+            press("down")
+        settle()
+        open("/new_note $")
+        verify(list.count >= 60)
+        verify(showsItsSelectedRow())
+    }
+
+    function test_a_list_narrowed_while_it_scrolls_is_seen() {
+        openFolders(40)
+        for (let index = 1; index <= 30; ++index)
+            press("down")
+        tryVerify(() => list.contentY > 200)
+        verify(list.isScrolling)
+        open("/recent $f00")
+        wait(Theme.scrollDuration + 50)
+        compare(list.count, 10)
+        verify(showsItsSelectedRow())
+        verify(instantiatedRows() > 5)
+    }
+
+    function test_a_short_list_after_a_scrolled_one_is_seen_data() {
+        return [{ tag: "at once", pause: 0, closes: false },
+                { tag: "while it scrolls", pause: 30, closes: false },
+                { tag: "at rest", pause: 200, closes: false },
+                { tag: "opened at once", pause: 0, closes: true },
+                { tag: "opened while it scrolls", pause: 30, closes: true },
+                { tag: "opened at rest", pause: 200, closes: true }]
+    }
+
+    function test_a_short_list_after_a_scrolled_one_is_seen(data) {
+        openFolders(40)
+        for (let index = 1; index <= 30; ++index)
+            press("down")
+        wait(data.pause)
+        if (data.closes)
+            bench.close()
+        open("/")
+        wait(Theme.scrollDuration + 50)
+        compare(list.count, 3)
+        compare(topOf(0), 4)
+        compare(row(2).displayName, "/recent")
+    }
+
+    function test_a_list_emptied_and_filled_again_is_seen() {
+        openFolders(40)
+        for (let index = 1; index <= 30; ++index)
+            press("down")
+        settle()
+        open("/recent $zzz")
+        compare(list.count, 0)
+        open("/recent $")
+        compare(list.count, 41)
+        compare(topOf(0), 4)
+    }
+
     function test_rows_are_kept_when_others_take_their_places() {
         open("/")
         const first = row(0)

@@ -107,6 +107,9 @@ Item {
         function onScrollRequested(index: int, anchor: int) {
             list.scrollTo(index, anchor)
         }
+        function onModelReset() {
+            list.rest()
+        }
         function onSelectedIndexChanged() {
             if (panel.results.selectedIndex < 0)
                 list.leave()

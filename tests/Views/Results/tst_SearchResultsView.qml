@@ -271,6 +271,17 @@ TestCase {
         compare(list.contentY, at)
     }
 
+    function test_other_notes_are_seen_from_their_start_also_while_the_list_scrolls() {
+        showMany(50)
+        select(40, "down")
+        verify(list.isScrolling)
+        bench.selectNote(-1)
+        bench.showNotes(Array(8).fill("/v/one.md"))
+        wait(Theme.scrollDuration + 50)
+        compare(list.count, 8)
+        compare(topOf(0), 0)
+    }
+
     function test_starts_out_with_the_selected_row_in_the_middle() {
         bench.selectNote(25)
         showMany(50)
