@@ -59,6 +59,15 @@ Item {
         color: Theme.controlBackground
     }
 
+    // What lies beneath feels nothing of what the pointer does here.
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
+        hoverEnabled: true
+        onWheel: wheel => wheel.accepted = true
+    }
+    HoverHandler { cursorShape: Qt.ArrowCursor }
+
     RowList {
         id: list
 

@@ -3,6 +3,7 @@
 #include "Views/Appearance.h"
 
 #include <QDir>
+#include <QQuickWindow>
 
 namespace jotwell {
 
@@ -87,6 +88,11 @@ void ListsBench::selectNote(int index)
 void ListsBench::scrollToNote(const QString& direction)
 {
     floatingWindowView.results()->scrollToSelected(directionOf(direction));
+}
+
+Qt::CursorShape ListsBench::cursorShapeOver(QQuickItem* item)
+{
+    return item->window()->cursor().shape();
 }
 
 } // namespace jotwell

@@ -3,6 +3,7 @@
 #include "Fakes/FakeAppearance.h"
 #include "Views/ViewBench.h"
 
+#include <QQuickItem>
 #include <QStringList>
 
 namespace jotwell {
@@ -27,6 +28,9 @@ public:
     Q_INVOKABLE void showNotes(const QStringList& paths, const QStringList& snippets = {});
     Q_INVOKABLE void selectNote(int index);
     Q_INVOKABLE void scrollToNote(const QString& direction);
+
+    /// The pointer's shape in the window of `item`.
+    Q_INVOKABLE static Qt::CursorShape cursorShapeOver(QQuickItem* item);
 
     /// The desktop's appearance changes.
     Q_INVOKABLE void setDark(bool isDark);

@@ -28,6 +28,27 @@ TestCase {
         }
     }
 
+    Component {
+        id: beneathComponent
+        Flickable {
+            anchors.fill: parent
+            z: -1
+            contentHeight: 2000
+            contentY: 500
+
+            MouseArea {
+                property int clicks: 0
+
+                objectName: "mouse"
+                anchors.fill: parent
+                hoverEnabled: true
+                acceptedButtons: Qt.AllButtons
+                cursorShape: Qt.IBeamCursor
+                onPressed: clicks += 1
+            }
+        }
+    }
+
     property var bench
     property var dropdown
     property var list
@@ -381,6 +402,29 @@ TestCase {
         settle()
         mouseWheel(list, 100, 100, 0, -120)
         tryVerify(() => list.contentY > 0)
+    }
+
+    function test_what_lies_beneath_feels_nothing() {
+        const beneath = createTemporaryObject(beneathComponent, testCase)
+        const mouse = findChild(beneath, "mouse")
+        open("/")
+        mouseMove(row(1), 100, 20)
+        tryVerify(() => isColor(row(1), "gray0.1"))
+        compare(mouse.containsMouse, false)
+        compare(bench.cursorShapeOver(dropdown), Qt.ArrowCursor)
+        for (const step of [120, -120, -120, -120]) {
+            mouseWheel(row(1), 100, 20, 0, step)
+            wait(20)
+        }
+        compare(beneath.contentY, 500)
+        mouseClick(row(1), 100, 20, Qt.RightButton)
+        mouseClick(dropdown, 2, 20)
+        mouseMove(dropdown, 2, 22)
+        compare(mouse.clicks, 0)
+        compare(mouse.containsMouse, false)
+        mouseMove(testCase, 790, 390)
+        tryCompare(mouse, "containsMouse", true)
+        compare(bench.cursorShapeOver(dropdown), Qt.IBeamCursor)
     }
 
     function test_is_told_to_screen_readers() {
