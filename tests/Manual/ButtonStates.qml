@@ -1,7 +1,9 @@
 import QtQuick
+import QtQuick.Window
 import Jotwell
 
-// Buttons and checkboxes at rest, hovered, pressed, with the keyboard and disabled.
+// Buttons and checkboxes at rest, hovered, pressed, with the keyboard and disabled. The window's
+// title tells what has acted.
 GallerySection {
     title: "At rest, hovered, pressed, focused, disabled"
 
@@ -9,8 +11,14 @@ GallerySection {
         id: row
 
         required property Component control
+        property int actions: 0
 
         spacing: 12
+
+        function tell(what: string): void {
+            ++actions
+            Window.window.title = what + " " + actions
+        }
 
         Repeater {
             model: ["rest", "hovered", "pressed", "focused", "disabled"]
@@ -24,6 +32,7 @@ GallerySection {
                     item.isPressed = modelData === "pressed"
                     item.isFocusShown = modelData === "focused"
                     item.isDisabled = modelData === "disabled"
+                    item.action.connect(() => row.tell(item.accessibleName + " " + modelData))
                 }
             }
         }

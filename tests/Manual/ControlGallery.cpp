@@ -76,6 +76,7 @@ int main(int argc, char** argv)
     {
         QQuickView view;
         installViewResources(*view.engine());
+        view.setTitle(QStringLiteral("Control gallery"));
         view.setResizeMode(QQuickView::SizeRootObjectToView);
         view.setInitialProperties(
             {{QStringLiteral("appearance"), QVariant::fromValue(&appearance)}});

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Window
 import Jotwell
 
 // The titled fields at rest, hovered, with the keyboard and disabled.
@@ -37,6 +38,7 @@ GallerySection {
         icon: "folder"
         placeholder: "/home/user/Notes"
         buttonTitle: "Browse"
+        onButtonAction: Window.window.title = "Browse"
     }
     CustomTextFieldWithCheckboxAndButton {
         width: parent.width
