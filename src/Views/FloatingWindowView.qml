@@ -77,9 +77,22 @@ Item {
             Behavior on color { FlashAnimation {} }
         }
 
+        // Once for each press: a move ends with a release that looks like a further drag.
         DragHandler {
+            id: drag
+
+            property bool isAsked: false
+
             target: null
-            onActiveChanged: if (active) root.Window.window.startSystemMove()
+            onActiveChanged: {
+                if (!active || isAsked)
+                    return
+                isAsked = true
+                root.Window.window.startSystemMove()
+            }
+        }
+        PointHandler {
+            onActiveChanged: if (active) drag.isAsked = false
         }
 
         MouseArea {

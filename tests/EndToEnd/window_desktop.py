@@ -157,9 +157,15 @@ class WindowManager(unittest.TestCase):
         with capturing() as window:
             window.show()
             x, y = window.middle()
-            self.drag(window.desktop, (x + 380, y + 78), (-150, 120))
-            # Less the way by which a press becomes a drag.
-            wait_until(lambda: self.is_near(window.middle(), (x - 150, y + 120)), "the move")
+            for way in (-150, 120), (100, -60):
+                left, top = window.middle()
+                self.drag(window.desktop, (left + 380, top + 78), way)
+                # Less the way by which a press becomes a drag.
+                wanted = left + way[0], top + way[1]
+                wait_until(lambda: self.is_near(window.middle(), wanted), "the move")
+                moved = window.middle()
+                window.desktop.ask("xdotool", "mousemove", "--sync", "900", "700", "sleep", "0.3")
+                self.assertEqual(window.middle(), moved, "it hangs on the pointer")
             window.hide()
             window.show()
             window.wait_for_middle((x, y))
