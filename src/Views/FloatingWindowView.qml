@@ -95,12 +95,6 @@ Item {
             onActiveChanged: if (active) drag.isAsked = false
         }
 
-        MouseArea {
-            objectName: "content"
-            anchors.fill: parent
-            onClicked: root.view.tapContent()
-        }
-
         Item {
             id: inputBox
 
@@ -173,6 +167,16 @@ Item {
                 anchors.rightMargin: 12
                 active: indexStrip.progress > 0
                 sourceComponent: IndexStatusView { indexStatus: root.view.indexStatus }
+            }
+        }
+
+        // Sees each press on what lies below it, and leaves it to that.
+        Item {
+            objectName: "content"
+            anchors.fill: parent
+
+            PointHandler {
+                onActiveChanged: if (active) root.view.tapContent()
             }
         }
 

@@ -143,6 +143,7 @@ TestCase {
     function test_click_beside_the_list_closes_it_data() {
         return [
             { tag: "on the card", x: 5, y: 5 },
+            { tag: "on the text", x: 400, y: 25 },
             { tag: "beside the card", x: -10, y: 5 }
         ]
     }
@@ -153,6 +154,29 @@ TestCase {
         compare(bench.view.showDropdown, false)
         mouseClick(root, card.x + data.x, card.y + data.y)
         compare(bench.view.showDropdown, false)
+    }
+
+    function test_click_on_a_row_of_the_list_takes_it() {
+        write("/")
+        mouseClick(findChild(root, "dropdown"), 100, 20)
+        compare(bench.text, "/new_note  $Default")
+        compare(bench.view.showDropdown, false)
+    }
+
+    function test_click_on_a_shortcut_closes_the_list() {
+        write("/")
+        mouseClick(findChild(root, "/recent"))
+        compare(bench.text, "/recent  $All Folders ")
+        compare(bench.view.showDropdown, false)
+    }
+
+    function test_click_on_a_token_opens_its_list_anew() {
+        write("/recent ")
+        const area = findChild(root, "textArea")
+        mouseClick(area, 20, 14)
+        compare(bench.view.showDropdown, true)
+        mouseClick(area, 20, 14)
+        compare(bench.view.showDropdown, true)
     }
 
     function test_tab_moves_into_the_panel_and_up_comes_back() {
