@@ -10,6 +10,7 @@
 #include <QCoroTask>
 
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QVariant>
 
 #include <utility>
@@ -74,7 +75,8 @@ void FloatingWindowView::stateChanged(CommandTemplateField field)
     using Field = CommandTemplateField;
     if (field == Field::text || field == Field::forceTextUpdate) {
         m_shortcuts.setCurrentText(m_commandTemplateState.text());
-        m_editor.updateView();
+        if (!m_isInserting)
+            m_editor.updateView();
     } else if (field == Field::showDropdown) {
         emit showDropdownChanged();
         emit dynamicHeightChanged();
@@ -84,6 +86,11 @@ void FloatingWindowView::stateChanged(CommandTemplateField field)
 int FloatingWindowView::dynamicHeight(bool showDropdown, bool showSearchResults)
 {
     return (showDropdown ? 264 : 164) + (showSearchResults ? 320 : 0);
+}
+
+int FloatingWindowView::dynamicHeight() const
+{
+    return dynamicHeight(showDropdown(), m_panel.isShown);
 }
 
 void FloatingWindowView::appear()
@@ -133,6 +140,19 @@ void FloatingWindowView::textChanged()
 
 void FloatingWindowView::handleCommandShortcut(Command command)
 {
+    {
+        const QScopedValueRollback inserting(m_isInserting, true);
+        putCommand(command);
+    }
+    m_editor.updateView();
+    setFocused(true);
+    if (command == Command::recentNotes)
+        QCoro::connect(m_services.commands.executeRecentNotesCommand(m_commandTemplateState.text()),
+                       this, [] {});
+}
+
+void FloatingWindowView::putCommand(Command command)
+{
     CommandTemplateState& state = m_commandTemplateState;
     const QString blank = QStringLiteral(" ");
     if (command == Command::recentNotes) {
@@ -148,9 +168,6 @@ void FloatingWindowView::handleCommandShortcut(Command command)
             QStringLiteral("%1  $%2 ").arg(trimmedWhitespace(state.text()), noteTemplate.name));
     }
     state.setForceTextUpdate(true);
-    setFocused(true);
-    if (command == Command::recentNotes)
-        QCoro::connect(m_services.commands.executeRecentNotesCommand(state.text()), this, [] {});
 }
 
 void FloatingWindowView::insertCommand(const QVariant& object)

@@ -71,10 +71,7 @@ public:
 
     /// The card's height for what it shows.
     [[nodiscard]] static int dynamicHeight(bool showDropdown, bool showSearchResults);
-    [[nodiscard]] int dynamicHeight() const
-    {
-        return dynamicHeight(showDropdown(), m_panel.isShown);
-    }
+    [[nodiscard]] int dynamicHeight() const;
 
     /// The window is on the screen for the first time. From here on the lists of notes come here.
     void appear();
@@ -100,7 +97,7 @@ signals:
     void flashChanged();
     /// The panel is to show its selected row; the direction in which an arrow key has moved it.
     void scrollToSelectedSearchResult(std::optional<jotwell::ArrowDirection> direction);
-    /// The window has done what it was called up for.
+    /// The window has done what it was called up for and is to be hidden.
     void toggleRequested();
 
 private:
@@ -116,6 +113,7 @@ private:
     [[nodiscard]] CustomTextEditorBindings editorBindings();
     void stateChanged(CommandTemplateField field);
     void textChanged();
+    void putCommand(Command command);
     [[nodiscard]] bool arrowKey(ArrowDirection direction);
     [[nodiscard]] bool enterKey();
     [[nodiscard]] bool handleSearchResultArrowKey(ArrowDirection direction);
@@ -139,6 +137,7 @@ private:
     IndexStatusView m_indexStatus;
     ToastContainerView m_toasts;
     bool m_isFocused = false;
+    bool m_isInserting = false; ///< the text field is to see only what comes of it
     Panel m_panel;
     double m_springScale = 1.0;
     bool m_showAccentBorder = false;

@@ -354,6 +354,13 @@ TEST_F(FloatingWindowViewTest, ShortcutForANewNoteTrimsBlanksButNoLineEnds)
     EXPECT_EQ(bench.text(), QStringLiteral("tea\n /new_note  $Default "));
 }
 
+TEST_F(FloatingWindowViewTest, ShortcutForANewNoteTakesAnyTextAsItIs)
+{
+    bench.setText(QStringLiteral("100 %1 %2"));
+    view.handleCommandShortcut(Command::newNote);
+    EXPECT_EQ(bench.text(), QStringLiteral("100 %1 %2 /new_note  $Default "));
+}
+
 TEST_F(FloatingWindowViewTest, ShortcutForASearchComesBehindTheText)
 {
     view.handleCommandShortcut(Command::searchNotes);
