@@ -69,9 +69,9 @@ void AppDelegate::setupFloatingWindow()
                                                                 ToastManager::shared());
     m_floatingWindow = std::make_unique<FloatingWindow>(*m_floatingWindowView, m_desktop.windows);
     connect(m_floatingWindow.get(), &FloatingWindow::togglePressed, this,
-            &AppDelegate::toggleFloatingWindow);
+            &AppDelegate::hideFloatingWindow);
     connect(m_floatingWindowView.get(), &FloatingWindowView::toggleRequested, this,
-            &AppDelegate::toggleFloatingWindow);
+            &AppDelegate::hideFloatingWindow);
     connect(m_floatingWindow.get(), &FloatingWindow::commandPressed, m_floatingWindowView.get(),
             [this](Command command) {
                 m_floatingWindowView->insertCommand(QVariant::fromValue(command));
@@ -83,11 +83,17 @@ void AppDelegate::toggleFloatingWindow()
     m_scheduler.after({}, this, [this] { performToggleFloatingWindow(); });
 }
 
+// Asked twice in one turn, it is still to be hidden.
+void AppDelegate::hideFloatingWindow()
+{
+    m_scheduler.after({}, this, [this] { m_floatingWindow->hide(); });
+}
+
 void AppDelegate::performToggleFloatingWindow()
 {
     if (!m_floatingWindow)
         return;
-    if (m_floatingWindow->isVisible()) {
+    if (m_floatingWindow->isOnScreen()) {
         m_floatingWindow->hide();
         return;
     }

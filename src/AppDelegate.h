@@ -54,6 +54,7 @@ public:
 private:
     void startIndex();
     void setupFloatingWindow();
+    void hideFloatingWindow();
     void performToggleFloatingWindow();
     void showOnboarding();
     void setupTermination();

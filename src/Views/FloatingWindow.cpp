@@ -89,8 +89,22 @@ void FloatingWindow::centre()
     setGeometry({frame.topLeft() + QPoint(room.width() / 2, room.height() / 2), contentSize});
 }
 
+bool FloatingWindow::isOnScreen() const
+{
+    return isVisible() && !windowStates().testFlag(Qt::WindowMinimized);
+}
+
+// As a window that is shown anew: one that is only restored may stay below others.
+void FloatingWindow::leaveIcon()
+{
+    setWindowStates(windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
+    hide();
+}
+
 void FloatingWindow::makeKeyAndOrderFront()
 {
+    if (isVisible() && !isOnScreen())
+        leaveIcon();
     // A window manager forgets these when it takes a window off the screen.
     m_windowSystem.makeAccessory(this);
     updateShape();

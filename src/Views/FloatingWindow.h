@@ -25,6 +25,8 @@ public:
     FloatingWindow(FloatingWindowView& view, WindowSystem& windowSystem);
     ~FloatingWindow() override;
 
+    /// Neither hidden nor put away by a window manager.
+    [[nodiscard]] bool isOnScreen() const;
     /// Moves to the middle of the main screen; stays where it is if there is none.
     void centre();
     void makeKeyAndOrderFront();
@@ -42,6 +44,7 @@ protected:
 
 private:
     void load();
+    void leaveIcon();
     void followScreens();
     void followScreen();
     void keepReachable();

@@ -2,6 +2,7 @@
 
 import contextlib
 import os
+import time
 import unittest
 
 import accessibility
@@ -66,6 +67,17 @@ class Searches(unittest.TestCase):
             it.wait_for_selected("Garden")
             it.editor.press("Return")
             it.wait_until_opened("Garden.md")
+
+    def test_return_pressed_often_leaves_the_window_hidden(self):
+        with panel() as it:
+            it.search("garden tools")
+            it.wait_for("Shed", "Garden")
+            it.editor.press("Tab")
+            it.wait_for_selected("Shed")
+            it.desktop.ask("xdotool", "key", "--delay", "0", *["Return"] * 4)
+            it.desktop.wait_for_no_window()
+            time.sleep(0.3)
+            self.assertEqual(it.desktop.visible_windows(), [])
 
     def test_tag_is_found_and_opened_by_mouse(self):
         with panel() as it:

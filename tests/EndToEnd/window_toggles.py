@@ -80,6 +80,25 @@ class Toggles(unittest.TestCase):
             window.show()
             wait_until(lambda: self.text_pixels(window) > CARET, "the text of before")
 
+    def test_put_away_by_the_window_manager(self):
+        with capturing() as window:
+            for _ in range(2):
+                window.show()
+                window.desktop.ask("xdotool", "windowminimize", window.id)
+                window.desktop.wait_for_no_window()
+                window.show()
+                window.wait_for_middle((640, 400))
+                window.hide()
+
+    def test_escape_twice_at_once(self):
+        with capturing() as window:
+            for _ in range(5):
+                window.show()
+                window.desktop.ask("xdotool", "key", "--delay", "0", "Escape", "Escape")
+                window.desktop.wait_for_no_window()
+                time.sleep(0.2)
+                self.assertEqual(window.desktop.visible_windows(), [])
+
     def test_first_frame_shows_what_is_there_now(self):
         with capturing() as window:
             for _ in range(3):

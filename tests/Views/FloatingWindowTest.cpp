@@ -112,6 +112,17 @@ TEST_F(FloatingWindowTest, ClosingOnlyHides)
     EXPECT_EQ(item("textArea")->property("text").toString(), QStringLiteral("kept"));
 }
 
+TEST_F(FloatingWindowTest, ComesBackFromAnIcon)
+{
+    EXPECT_FALSE(window.isOnScreen());
+    show();
+    EXPECT_TRUE(window.isOnScreen());
+    window.setWindowStates(Qt::WindowMinimized);
+    EXPECT_FALSE(window.isOnScreen());
+    window.makeKeyAndOrderFront();
+    EXPECT_TRUE(window.isOnScreen());
+}
+
 TEST_F(FloatingWindowTest, TakesInputOnlyOnTheCard)
 {
     show();
@@ -204,6 +215,19 @@ TEST_F(FloatingWindowTest, KeysOfCommandsAreReportedByTheirPlaceAndGoNoFurther)
     ASSERT_EQ(commands.size(), 2);
     EXPECT_EQ(commands[0][0].value<Command>(), Command::newNote);
     EXPECT_EQ(commands[1][0].value<Command>(), Command::searchNotes);
+    EXPECT_EQ(bench.text(), QString());
+}
+
+TEST_F(FloatingWindowTest, ShortcutIsUndoneAtOnce)
+{
+    show();
+    bench.floatingWindowView.handleCommandShortcut(Command::searchNotes);
+    bench.floatingWindowView.handleCommandShortcut(Command::newNote);
+    bench.advance(0);
+    EXPECT_EQ(bench.text(), QStringLiteral("/search_notes  /new_note  $Default "));
+    QTest::keySequence(&window, QKeySequence::Undo);
+    EXPECT_EQ(bench.text(), QStringLiteral("/search_notes "));
+    QTest::keySequence(&window, QKeySequence::Undo);
     EXPECT_EQ(bench.text(), QString());
 }
 
