@@ -8,6 +8,7 @@ BorderImage {
     required property int blur
     property int offset: 2
 
+    objectName: "cardShadow"
     anchors.fill: parent
     anchors.margins: -blur
     anchors.topMargin: offset - blur

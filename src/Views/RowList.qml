@@ -89,6 +89,7 @@ ListView {
     NumberAnimation {
         id: scrolling
 
+        objectName: "scrolling"
         property int row
         property int anchor
         property bool isToBeTold: false

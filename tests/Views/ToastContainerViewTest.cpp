@@ -35,6 +35,14 @@ TEST_F(ToastContainerViewTest, ShowsWhatTheSlotHolds)
     EXPECT_EQ(view.iconColor(), QStringLiteral("white"));
 }
 
+TEST_F(ToastContainerViewTest, ShowsWhatTheSlotHeldBeforeIt)
+{
+    manager.showSuccess(QStringLiteral("Done"));
+    const ToastContainerView later(manager);
+    EXPECT_TRUE(later.isShown());
+    EXPECT_EQ(later.message(), QStringLiteral("Done"));
+}
+
 TEST_F(ToastContainerViewTest, ReplacedToastGoesAtOnceAndTheNextComesByAMovement)
 {
     manager.showSuccess(QStringLiteral("First"));

@@ -127,6 +127,28 @@ TestCase {
         compare(row(0).height, detail.y + detail.height + 8)
     }
 
+    function test_shadow_and_line() {
+        const shadow = findChild(dropdown, "cardShadow")
+        compare(shadow.source, "image://shadow/8/12")
+        fuzzyCompare(shadow.opacity, 0.15, 0.001)
+        compare(shadow.mapToItem(dropdown, 0, 0), Qt.point(-12, 2 - 12))
+        compare(shadow.width, dropdown.width + 24)
+        compare(shadow.height, dropdown.height + 24)
+        verify(Qt.colorEqual(findChild(dropdown, "dropdownStroke").border.color, Qt.alpha(Theme.gray, 0.2)))
+    }
+
+    function test_scrolls_in_this_time() {
+        const scrolling = findChild(list, "scrolling")
+        compare(scrolling.duration, 100)
+        compare(scrolling.easing.type, Easing.OutQuad)
+    }
+
+    function test_names_are_shown_as_they_stand() {
+        open("/")
+        for (const text of ["title", "detail", "iconText"])
+            compare(findChild(row(0), text).textFormat, Text.PlainText)
+    }
+
     function test_commands_have_emoji_and_others_symbols() {
         open("/")
         const emoji = findChild(row(0), "iconText")

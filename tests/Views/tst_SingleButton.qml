@@ -105,6 +105,19 @@ TestCase {
         mouseRelease(button)
     }
 
+    function mouseAreaIn(item) {
+        for (const child of Array.from(item.children)) {
+            const found = child instanceof MouseArea ? child : mouseAreaIn(child)
+            if (found)
+                return found
+        }
+        return null
+    }
+
+    function test_the_pointer_is_a_hand_over_it() {
+        compare(mouseAreaIn(button).cursorShape, Qt.PointingHandCursor)
+    }
+
     function test_press_that_ends_elsewhere_is_none() {
         mousePress(button)
         mouseMove(testCase, 5, 5)

@@ -226,6 +226,15 @@ ContrastTestCase {
             verify(Qt.colorEqual(its.named(data.tag), its[data.is]))
     }
 
+    function test_durations() {
+        compare(Theme.pressDuration, 100)
+        compare(Theme.hoverDuration, 150)
+        compare(Theme.iconHoverDuration, 200)
+        compare(Theme.scrollDuration, 100)
+        compare(Theme.highlightDuration, 150)
+        compare(Theme.toastDuration, 300)
+    }
+
     function test_clear_is_nothing() {
         compare(Theme.named("clear").a, 0)
     }

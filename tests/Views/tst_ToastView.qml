@@ -134,6 +134,13 @@ TestCase {
         compare(toast().cornerRadius, 12)
     }
 
+    function test_message_is_shown_as_it_stands() {
+        showSettled("<h1>a</h1> &amp; <b>b</b>")
+        const message = findChild(toast(), "message")
+        compare(message.textFormat, Text.PlainText)
+        compare(message.lineCount, 1)
+    }
+
     function test_moves_by_this_animation() {
         const movement = findChild(container, "movement")
         compare(movement.duration, 300)

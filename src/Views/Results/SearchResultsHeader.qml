@@ -19,6 +19,7 @@ Item {
     Row {
         id: hints
 
+        objectName: "hints"
         anchors.left: parent.left
         anchors.leftMargin: header.horizontalPadding
         anchors.verticalCenter: parent.verticalCenter

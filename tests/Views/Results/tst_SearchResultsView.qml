@@ -105,6 +105,54 @@ TestCase {
         compare(card.height, header + 2 * row(0).height + 1 + 4)
     }
 
+    function test_shadow_and_line() {
+        show(["/v/one.md"])
+        const card = findChild(panel, "panelCard")
+        const shadow = findChild(card, "cardShadow")
+        compare(shadow.source, "image://shadow/8/8")
+        fuzzyCompare(shadow.opacity, 0.1, 0.001)
+        compare(shadow.mapToItem(card, 0, 0), Qt.point(-8, 2 - 8))
+        verify(Qt.colorEqual(findChild(panel, "panelStroke").border.color, Qt.alpha(Theme.gray, 0.2)))
+    }
+
+    function test_first_line() {
+        show(["/v/one.md"])
+        const card = findChild(panel, "panelCard")
+        const count = findChild(panel, "count")
+        const hints = findChild(panel, "hints")
+        const parts = Array.from(hints.children)
+        compare(parts.map(part => part.key ?? part.text),
+                ["Use", "Tab", "to switch to notes,", "↑↓", "to navigate,", "Enter", "to open"])
+        for (const part of parts) {
+            if (part.key !== undefined) {
+                compare(part.size, KeySize.Small)
+                continue
+            }
+            compare(part.font.pixelSize, 11)
+            verify(Qt.colorEqual(part.color, Theme.secondaryText))
+        }
+        compare(parts[0].mapToItem(card, 0, 0).x, 16)
+        compare(parts[1].x, parts[0].width + 4)
+        compare(count.mapToItem(card, count.width, 0).x, card.width - 16)
+        compare(hints.mapToItem(card, 0, 0).y, 8)
+        compare(list.mapToItem(card, 0, 0).y, 8 + hints.height + 8)
+    }
+
+    function test_the_pointer_is_a_hand_over_a_row() {
+        show(["/v/one.md"])
+        mouseMove(row(0), 100, 20)
+        compare(bench.cursorShapeOver(panel), Qt.PointingHandCursor)
+        mouseMove(panel, 100, 20)
+        compare(bench.cursorShapeOver(panel), Qt.ArrowCursor)
+    }
+
+    function test_names_are_shown_as_they_stand() {
+        show(["/v/<h1>one<br>two.md"])
+        compare(part(0, "title").textFormat, Text.PlainText)
+        compare(part(0, "title").text, "<h1>one<br>two")
+        compare(part(0, "path").textFormat, Text.PlainText)
+    }
+
     function test_takes_only_what_it_needs() {
         show(["/v/one.md"], ["a <mark>hit</mark> ".repeat(100)])
         const one = panel.height
