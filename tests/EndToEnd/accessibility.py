@@ -63,7 +63,9 @@ class Item:
         return str(self._property(_ACCESSIBLE, "Name"))
 
     def role(self):
-        return Role(self._object.GetRole(dbus_interface=_ACCESSIBLE))
+        """A `Role`, or the number of another one."""
+        number = int(self._object.GetRole(dbus_interface=_ACCESSIBLE))
+        return next((role for role in Role if role == number), number)
 
     def description(self):
         return str(self._property(_ACCESSIBLE, "Description"))
@@ -134,7 +136,7 @@ class ScreenReader:
         """The one of that role and name, once it is there."""
         def found():
             return [item for item in self.walk() if (item.role(), item.name()) == (role, name)]
-        [item] = wait_until(lambda: self.ask(found), f"{role.name} «{name}»")
+        [item] = wait_until(lambda: self.ask(found), f"{role!r} «{name}»")
         return item
 
     def texts(self):
