@@ -31,8 +31,8 @@ public:
     /// One line of JSON on standard output, for `bench/run`.
     void print(const std::string& name) const
     {
-        std::printf("{\"name\":\"%s\",\"p50\":%.4f,\"p99\":%.4f,\"count\":%zu}\n", name.c_str(),
-                    percentile(0.5), percentile(0.99), m_times.size());
+        std::printf("{\"name\":\"%s\",\"p50\":%.4f,\"p99\":%.4f,\"longest\":%.4f,\"count\":%zu}\n",
+                    name.c_str(), percentile(0.5), percentile(0.99), percentile(1), m_times.size());
         std::fflush(stdout);
     }
 

@@ -1,45 +1,32 @@
+#include "Report.h"
 #include "Samples.h"
 
-#include "Models/ObsidianTemplate.h"
-#include "Platform/NativeParts.h"
-#include "Platform/NativePlatform.h"
-#include "Platform/WindowSystem.h"
-#include "Services/SettingsService.h"
-#include "Services/SharedServices.h"
-#include "Services/ToastManager.h"
-#include "Views/FloatingWindow.h"
-#include "Views/FloatingWindowView.h"
-#include "Views/ViewResources.h"
+#include "Window/CardUnderTest.h"
+#include "Window/Waiting.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QKeyEvent>
-#include <QTemporaryDir>
 #include <QTextEdit>
 #include <QTimer>
-
-#include <QtQml/qqmlextensionplugin.h>
 
 #include <functional>
 #include <string>
 
-Q_IMPORT_QML_PLUGIN(JotwellPlugin)
-
-// Types into the capture window, by turns with a plain text field of widgets of the same size and
-// text, and times the key press by itself, and with the drawing that it causes.
+// TypingBench [VAULT]: types into the capture window, by turns with a plain text field of widgets
+// of the same size and text, and times the key press by itself, and with the drawing that it
+// causes. With a vault its index is built during the last rows.
 
 using namespace jotwell;
+using namespace jotwell::bench;
 
 namespace {
 
-constexpr int templateCount = 200;
-constexpr int folderCount = 500;
 constexpr int lengths[] = {200, 2000, 20000};
+constexpr int longest = 20000;
 constexpr int warmUpKeys = 20;
-constexpr int keys = 300;
+constexpr int keys = 130;
 constexpr int keysBeforeRestart = 50;
+constexpr std::chrono::milliseconds settling(300); // for the window manager
 
 struct KeyTimes {
     Samples::Clock::duration event{};
@@ -95,53 +82,24 @@ KeyTimes timedKey(QObject& window, DrawingTimer& drawing, QChar character)
     return {end - start, drawing.wait()};
 }
 
-QString noteText(int length)
-{
-    static const char* const lines[] = {
-        "A line of the note with *some* words, **bold** ones and a [link](https://example.org).\n",
-        "- an item of a list, with `code` in it and a tag #garden behind a blank\n",
-        "Plain words follow one another until the line is full, as they do in most notes.\n",
-        "## A heading\n",
-        "Call Ada about the garden and the tools, and don't forget the 12 boxes #tools\n",
-    };
-    QString text;
-    for (int line = 0; text.size() < length; line = (line + 1) % 5)
-        text += QString::fromLatin1(lines[line]);
-    text.truncate(length);
-    return text + u'\n';
-}
-
-ObsidianTemplates templates()
-{
-    ObsidianTemplates all;
-    for (int number = 0; number < templateCount; ++number)
-        all.append({QUuid::createUuid(), QStringLiteral("Template %1").arg(number),
-                    QStringLiteral("# {{title}}\n\n{{content}}\n").repeated(20), true,
-                    TemplateType::regular()});
-    return all;
-}
-
-void makeFolders(const QString& vault)
-{
-    for (int number = 0; number < folderCount; ++number)
-        QDir(vault).mkdir(QStringLiteral("Folder %1").arg(number));
-}
+/// What is open while the user types.
+enum class Open { nothing, list, panel, listAndPanel };
 
 class TypingBench {
 public:
-    TypingBench(FloatingWindowView& view, FloatingWindow& window)
-        : m_view(view), m_window(window), m_drawing(window)
+    explicit TypingBench(CardUnderTest& card) : m_card(card), m_drawing(card.window())
     {
         m_plain.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
         m_plain.setAcceptRichText(false);
         m_plain.resize(776, 140);
         m_plain.show();
         m_plain.setFocus();
+        rest(settling);
+        m_card.takeKeys();
     }
 
-    void run(const std::string& name, const QString& before, int length, const QString& behind)
+    void run(const std::string& name, const QString& text, Open open = Open::nothing)
     {
-        const QString text = before + noteText(length) + behind;
         Samples event;
         Samples whole;
         Samples plainEvent;
@@ -149,9 +107,10 @@ public:
         for (int key = 0; key < warmUpKeys + keys; ++key) {
             if (key % keysBeforeRestart == 0)
                 restart(text);
-            const QChar character = key % 7 == 6 ? u'e' : QChar(u'a' + key % 7);
-            const KeyTimes ours = timedKey(m_window, m_drawing, character);
+            const QChar character = CardUnderTest::typed(key % keysBeforeRestart);
+            const KeyTimes ours = timedKey(m_card.window(), m_drawing, character);
             const KeyTimes plain = timedKey(m_plain, m_plainDrawing, character);
+            requireTaken(character, open);
             if (key < warmUpKeys)
                 continue;
             event.add(ours.event);
@@ -168,57 +127,65 @@ public:
 private:
     void restart(const QString& text)
     {
-        CommandTemplateState& state = m_view.commandTemplateState();
-        state.setText(text);
-        state.handleTextChange();
-        state.setForceTextUpdate(true);
+        m_card.write(text);
         m_plain.setPlainText(text);
         m_plain.moveCursor(QTextCursor::End);
         m_drawing.wait();
         m_plainDrawing.wait();
     }
 
-    FloatingWindowView& m_view;
-    FloatingWindow& m_window;
+    void requireTaken(QChar character, Open open)
+    {
+        require(m_card.view().commandTemplateState().text().endsWith(character),
+                "the key has reached the text");
+        require((m_card.rowsInList() > 0) == (open == Open::list || open == Open::listAndPanel),
+                "the list is open while it is to be");
+        require(m_card.view().showSearchResults() ==
+                    (open == Open::panel || open == Open::listAndPanel),
+                "the panel is open while it is to be");
+    }
+
+    CardUnderTest& m_card;
     DrawingTimer m_drawing;
     QTextEdit m_plain;
     DrawingTimer m_plainDrawing{m_plain};
 };
 
+void measureLength(CardUnderTest& card, TypingBench& bench, int length)
+{
+    const std::string size = std::to_string(length).insert(0, 1, ' ');
+    const QString note = noteText(length);
+    card.clear();
+    bench.run("words" + size,
+              QStringLiteral("/new_note  $%1 %2").arg(CardUnderTest::nameOfTemplate(117), note));
+    bench.run("folder" + size,
+              QStringLiteral("/recent  $%1 %2").arg(CardUnderTest::nameOfFolder(333), note));
+    bench.run("template list" + size, QStringLiteral("/new_note %1$T").arg(note), Open::list);
+}
+
+void measureLists(CardUnderTest& card, TypingBench& bench)
+{
+    const QString words = QStringLiteral("/recent  $All Folders ") + noteText(longest);
+    const QString folder = QStringLiteral("/recent %1$F").arg(noteText(longest));
+    card.clear();
+    bench.run("folder list", folder, Open::list);
+    card.openPanel();
+    bench.run("panel", words, Open::panel);
+    bench.run("folder list and panel", folder, Open::listAndPanel);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QQuickWindow::setDefaultAlphaBuffer(true);
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    const QApplication application(argc, argv);
-    QGuiApplication::setQuitOnLastWindowClosed(false);
-    installFonts();
-
-    const QTemporaryDir folder;
-    const QTemporaryDir vault;
-    makeFolders(vault.path());
-    const NativePlatform native(folder.filePath(QStringLiteral("Jotwell.ini")), folder.path());
-    const Platform& platform = native.platform();
-    const auto windows = makeWindowSystem();
-    installPlatform(platform);
-    SettingsService::shared().setObsidianFolderPath(vault.path());
-    SettingsService::shared().setObsidianTemplates(templates());
-    {
-        FloatingWindowView view(InputServices::shared(platform.scheduler), ToastManager::shared());
-        FloatingWindow window(view, *windows);
-        window.centre();
-        window.makeKeyAndOrderFront();
-        TypingBench bench(view, window);
-        for (const int length : lengths) {
-            if (argc > 1 && length != QByteArray(argv[1]).toInt())
-                continue; // only the length that was asked for
-            const std::string size = " " + std::to_string(length);
-            bench.run("words" + size, QStringLiteral("/new_note  $Template 117 "), length, {});
-            bench.run("folder" + size, QStringLiteral("/recent  $Folder 333 "), length, {});
-            bench.run("template list" + size, QStringLiteral("/new_note "), length,
-                      QStringLiteral("$T"));
-        }
+    CardUnderTest card(argc, argv);
+    TypingBench bench(card);
+    for (const int length : lengths)
+        measureLength(card, bench, length);
+    measureLists(card, bench);
+    if (argc > 1) {
+        card.clear();
+        card.keepBuilding(QString::fromLocal8Bit(argv[1]));
+        bench.run("build", QStringLiteral("/recent  $All Folders ") + noteText(longest));
     }
-    releaseSharedServices();
 }

@@ -1,93 +1,37 @@
 #include "Samples.h"
 
-#include "Platform/NativeParts.h"
-#include "Platform/NativePlatform.h"
-#include "Platform/WindowSystem.h"
-#include "Services/CommandService.h"
-#include "Services/SharedServices.h"
-#include "Services/ToastManager.h"
-#include "Views/FloatingWindow.h"
-#include "Views/FloatingWindowView.h"
-#include "Views/ViewResources.h"
+#include "Window/BareWindow.h"
+#include "Window/CardUnderTest.h"
+#include "Window/Waiting.h"
 
-#include <QApplication>
-#include <QEventLoop>
-#include <QPainter>
-#include <QQuickWindow>
-#include <QRasterWindow>
-#include <QTemporaryDir>
-#include <QTimer>
+#include <string>
 
-#include <QtQml/qqmlextensionplugin.h>
-
-Q_IMPORT_QML_PLUGIN(JotwellPlugin)
-
-// Shows and hides the capture window, by turns with a window of the same size that does nothing but
-// fill itself, and times each from the call that shows it to the end of its first frame.
+// WindowBench [--first] [VAULT]: shows and hides the capture window, by turns with a window of the
+// same size that does nothing but fill itself, and times each from the call that shows it to the
+// end of its first frame. With a vault its index is built meanwhile.
 
 using namespace jotwell;
+using namespace jotwell::bench;
+using namespace std::chrono_literals;
 
 namespace {
 
 constexpr int warmUpRounds = 5;
-constexpr int rounds = 150;
-constexpr int restBetweenShows = 40; // milliseconds, for the window manager to settle
+constexpr int rounds = 60;
+constexpr auto restBetweenShows = 40ms; // for the window manager to settle
+constexpr auto headStart = 50ms;        // of a build
 
-/// The least that a resident Qt window can do.
-class BareWindow : public QRasterWindow {
-public:
-    BareWindow()
-    {
-        setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-        resize(FloatingWindow::contentSize);
-        QSurfaceFormat transparent = format();
-        transparent.setAlphaBufferSize(8);
-        setFormat(transparent);
-    }
-
-    std::function<void()> painted;
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter(this).fillRect(30, 30, width() - 60, 164, Qt::white);
-    }
-
-    bool event(QEvent* event) override
-    {
-        const bool handled = QRasterWindow::event(event);
-        if (event->type() == QEvent::Expose && isExposed() && painted)
-            std::exchange(painted, {})();
-        return handled;
-    }
-};
-
-void rest(int milliseconds)
-{
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
-// Long enough for any frame; a window manager that never maps a window must not hang the bench.
-void execOrGiveUp(QEventLoop& loop)
-{
-    QTimer::singleShot(5000, &loop, [] { std::exit(EXIT_FAILURE); });
-    loop.exec();
-}
-
-Samples::Clock::duration timedShow(FloatingWindow& window)
+Samples::Clock::duration timedShow(CardUnderTest& card)
 {
     QEventLoop loop;
     Samples::Clock::time_point end;
-    QObject::connect(&window, &QQuickWindow::frameSwapped, &loop, [&] {
+    QObject::connect(&card.window(), &QQuickWindow::frameSwapped, &loop, [&] {
         end = Samples::Clock::now();
         loop.quit();
     });
     const auto start = Samples::Clock::now();
-    window.centre();
-    window.makeKeyAndOrderFront();
-    execOrGiveUp(loop);
+    card.show();
+    execOrGiveUp(loop, "the first frame of the card");
     return end - start;
 }
 
@@ -95,7 +39,7 @@ Samples::Clock::duration timedShow(BareWindow& window)
 {
     QEventLoop loop;
     Samples::Clock::time_point end;
-    window.painted = [&] {
+    window.shown = [&] {
         end = Samples::Clock::now();
         loop.quit();
     };
@@ -103,63 +47,96 @@ Samples::Clock::duration timedShow(BareWindow& window)
     window.show();
     window.raise();
     window.requestActivate();
-    execOrGiveUp(loop);
+    execOrGiveUp(loop, "the first frame of the bare window");
     return end - start;
 }
 
-template <typename Window>
-void addLaterShow(Window& window, Samples& samples, bool counts)
+template <typename Shown>
+Samples::Clock::duration timedShow(Shown& shown, QWindow& window)
 {
     window.hide();
     rest(restBetweenShows);
-    const auto time = timedShow(window);
-    if (counts)
-        samples.add(time);
+    const auto time = timedShow(shown);
     rest(restBetweenShows);
     window.hide();
+    return time;
+}
+
+class WindowBench {
+public:
+    explicit WindowBench(CardUnderTest& card) : m_card(card) {}
+
+    void first(const std::string& name)
+    {
+        Samples ours;
+        Samples bare;
+        ours.add(timedShow(m_card, m_card.window()));
+        bare.add(timedShow(m_bare, m_bare));
+        print(name, ours, bare);
+    }
+
+    void later(const std::string& name)
+    {
+        Samples ours;
+        Samples bare;
+        for (int round = 0; round < warmUpRounds + rounds; ++round) {
+            const auto time = timedShow(m_card, m_card.window());
+            const auto bareTime = timedShow(m_bare, m_bare);
+            if (round < warmUpRounds)
+                continue;
+            ours.add(time);
+            bare.add(bareTime);
+        }
+        print(name, ours, bare);
+    }
+
+private:
+    static void print(const std::string& name, const Samples& ours, const Samples& bare)
+    {
+        ours.print(name);
+        bare.print(name + " reference");
+    }
+
+    CardUnderTest& m_card;
+    BareWindow m_bare;
+};
+
+void showFirst(int& argc, char** argv, const QString& vault)
+{
+    CardUnderTest card(argc, argv, 0);
+    WindowBench bench(card);
+    if (!vault.isEmpty()) {
+        card.keepBuilding(vault);
+        rest(headStart);
+    }
+    bench.first("first show");
+}
+
+void showLater(int& argc, char** argv, const QString& vault)
+{
+    CardUnderTest card(argc, argv);
+    WindowBench bench(card);
+    bench.first("first show");
+    bench.later("later show");
+    card.openPanel();
+    card.openList();
+    bench.later("later show, list and panel");
+    if (vault.isEmpty())
+        return;
+    card.clear();
+    card.keepBuilding(vault);
+    bench.later("later show, build");
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QQuickWindow::setDefaultAlphaBuffer(true);
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    const QApplication application(argc, argv);
-    QGuiApplication::setQuitOnLastWindowClosed(false);
-    installFonts();
-
-    const QTemporaryDir folder;
-    const NativePlatform native(folder.filePath(QStringLiteral("Jotwell.ini")), folder.path());
-    const Platform& platform = native.platform();
-    const auto windows = makeWindowSystem();
-    installPlatform(platform);
-    {
-        FloatingWindowView view(InputServices::shared(platform.scheduler), ToastManager::shared());
-        FloatingWindow window(view, *windows);
-        BareWindow bare;
-
-        Samples first;
-        first.add(timedShow(window));
-        first.print("first show");
-        Samples firstBare;
-        window.hide();
-        rest(restBetweenShows);
-        firstBare.add(timedShow(bare));
-        firstBare.print("first show reference");
-        bare.hide();
-
-        const bool onlyFirst = argc > 1 && QByteArrayView(argv[1]) == "--first";
-        Samples later;
-        Samples laterBare;
-        for (int round = 0; !onlyFirst && round < warmUpRounds + rounds; ++round) {
-            addLaterShow(window, later, round >= warmUpRounds);
-            addLaterShow(bare, laterBare, round >= warmUpRounds);
-        }
-        if (!onlyFirst) {
-            later.print("later show");
-            laterBare.print("later show reference");
-        }
-    }
-    releaseSharedServices();
+    const bool onlyFirst = argc > 1 && std::string(argv[1]) == "--first";
+    const int vaultAt = onlyFirst ? 2 : 1;
+    const QString vault = argc > vaultAt ? QString::fromLocal8Bit(argv[vaultAt]) : QString();
+    if (onlyFirst)
+        showFirst(argc, argv, vault);
+    else
+        showLater(argc, argv, vault);
 }

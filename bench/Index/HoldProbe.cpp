@@ -17,19 +17,14 @@ namespace {
 constexpr std::chrono::microseconds betweenKnocks(500);
 constexpr double nanosecondsInMillisecond = 1e6;
 
-std::int64_t nanoseconds(clockid_t clock)
+std::int64_t now()
 {
     timespec time;
-    ::clock_gettime(clock, &time);
+    ::clock_gettime(CLOCK_MONOTONIC, &time);
     return time.tv_sec * 1'000'000'000 + time.tv_nsec;
 }
 
 } // namespace
-
-std::int64_t threadWork()
-{
-    return nanoseconds(CLOCK_THREAD_CPUTIME_ID);
-}
 
 HoldProbe::HoldProbe()
     : m_door(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), m_notifier(m_door, QSocketNotifier::Read),
@@ -50,7 +45,7 @@ void HoldProbe::knock()
 {
     while (!m_isOver) {
         std::int64_t answered = 0;
-        if (m_knockedAt.compare_exchange_strong(answered, nanoseconds(CLOCK_MONOTONIC)))
+        if (m_knockedAt.compare_exchange_strong(answered, now()))
             ::eventfd_write(m_door, 1);
         std::this_thread::sleep_for(betweenKnocks);
     }
@@ -60,7 +55,7 @@ void HoldProbe::answer()
 {
     eventfd_t knocks = 0;
     ::eventfd_read(m_door, &knocks);
-    const std::int64_t wait = nanoseconds(CLOCK_MONOTONIC) - m_knockedAt.exchange(0);
+    const std::int64_t wait = now() - m_knockedAt.exchange(0);
     const std::int64_t work = threadWork();
     const auto milliseconds = [](std::int64_t time) {
         return static_cast<double>(time) / nanosecondsInMillisecond;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ThreadWork.h"
+
 #include <QSocketNotifier>
 
 #include <atomic>
@@ -44,8 +46,5 @@ private:
 
 /// Prints both figures of the job.
 void printHolds(const std::string& job, const HoldProbe& probe);
-
-/// What this thread has worked so far, in nanoseconds.
-[[nodiscard]] std::int64_t threadWork();
 
 } // namespace jotwell::bench

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Report.h"
+
 #include <QString>
 
 #include <cstddef>
@@ -45,11 +47,5 @@ void measureRecentNotes(const VaultUnderTest& vault);
 
 /// For a process of its own.
 void measureMemory(const VaultUnderTest& vault);
-
-/// A figure that is no time, in one line of JSON.
-void printFigure(const std::string& name, double value);
-
-/// Ends the program if `isTrue` isn't: what was measured then isn't what was meant.
-void require(bool isTrue, const char* what);
 
 } // namespace jotwell::bench
