@@ -127,6 +127,13 @@ private:
     std::vector<Group> m_groups; ///< of one length each, the shortest first
 };
 
+bool beginsWithParameter(QStringView text, QStringView name)
+{
+    const qsizetype length = name.size();
+    const bool mayEnd = length == text.size() || (length < text.size() && isSpaceAt(text, length));
+    return mayEnd && text.startsWith(name);
+}
+
 } // namespace
 
 QString currentCommandInput(QStringView text)
@@ -162,12 +169,18 @@ std::optional<QString> currentHashtagInput(QStringView text)
 
 bool hasExistingParameter(QStringView text, const QStringList& names)
 {
-    qsizetype position = text.indexOf(u'$');
-    if (position < 0)
-        return false;
-    const NamesByLength sorted(names);
-    for (; position >= 0; position = text.indexOf(u'$', position + 1)) {
-        if (sorted.anyBegins(text.sliced(position + 1)))
+    // Sorting thousands of names costs more than asking each of them at a few places.
+    constexpr qsizetype fewPlaces = 8;
+    const bool isSorted = text.count(u'$') > fewPlaces;
+    const NamesByLength sorted(isSorted ? names : QStringList());
+    for (qsizetype position = text.indexOf(u'$'); position >= 0;
+         position = text.indexOf(u'$', position + 1)) {
+        const QStringView rest = text.sliced(position + 1);
+        const bool found = isSorted ? sorted.anyBegins(rest)
+                                    : std::ranges::any_of(names, [rest](const QString& each) {
+                                          return beginsWithParameter(rest, each);
+                                      });
+        if (found)
             return true;
     }
     return false;

@@ -226,15 +226,19 @@ TEST(PartialTokens, ExistIfTheirPatternsMatchInAnyText)
 {
     InputSamples samples(2);
     int existing = 0;
+    int many = 0;
     for (int round = 0; round < 8'000; ++round) {
-        const QString text = samples.text(6);
+        // With few places to look at and with many.
+        const QString text = samples.text(round % 2 == 0 ? 6 : 60);
         const QStringList names{samples.anyOf(InputSamples::names()),
                                 samples.anyOf(InputSamples::names())};
         const bool expected = plainExisting(text, names);
         ASSERT_EQ(hasExistingParameter(text, names), expected) << round;
         existing += expected ? 1 : 0;
+        many += text.count(u'$') > 8 ? 1 : 0;
     }
     EXPECT_GT(existing, 400);
+    EXPECT_GT(many, 400);
 }
 
 TEST(PartialTokens, AreFoundHoweverFarBeforeTheEnd)
