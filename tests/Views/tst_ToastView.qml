@@ -176,6 +176,8 @@ TestCase {
         const button = findChild(toast(), "dismissButton")
         verify(message.x + message.width <= button.x)
         verify(message.contentHeight <= toast().height)
+        for (const part of [findChild(toast(), "icon"), message, button])
+            fuzzyCompare(part.mapToItem(toast(), 0, part.height / 2).y, toast().height / 2, 0.51)
     }
 
     function test_toasts_in_quick_succession_leave_nothing_behind() {
