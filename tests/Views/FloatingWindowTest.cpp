@@ -39,6 +39,8 @@ protected:
         return window.rootObject()->findChild<QQuickItem*>(QString::fromLatin1(name));
     }
 
+    QString shownText() { return item("textArea")->property("text").toString(); }
+
     ViewBench bench;
     FakeWindowSystem windowSystem;
     FloatingWindow window{bench.floatingWindowView, windowSystem};
@@ -109,7 +111,7 @@ TEST_F(FloatingWindowTest, ClosingOnlyHides)
     window.close();
     EXPECT_FALSE(window.isVisible());
     show();
-    EXPECT_EQ(item("textArea")->property("text").toString(), QStringLiteral("kept"));
+    EXPECT_EQ(shownText(), QStringLiteral("kept"));
 }
 
 TEST_F(FloatingWindowTest, ComesBackFromAnIcon)
@@ -119,8 +121,10 @@ TEST_F(FloatingWindowTest, ComesBackFromAnIcon)
     EXPECT_TRUE(window.isOnScreen());
     window.setWindowStates(Qt::WindowMinimized);
     EXPECT_FALSE(window.isOnScreen());
+    const QSignalSpy visible(&window, &QWindow::visibleChanged);
     window.makeKeyAndOrderFront();
     EXPECT_TRUE(window.isOnScreen());
+    EXPECT_EQ(visible.size(), 2) << "as a window that is shown anew";
 }
 
 TEST_F(FloatingWindowTest, TakesInputOnlyOnTheCard)
@@ -218,13 +222,39 @@ TEST_F(FloatingWindowTest, KeysOfCommandsAreReportedByTheirPlaceAndGoNoFurther)
     EXPECT_EQ(bench.text(), QString());
 }
 
+TEST_F(FloatingWindowTest, ShortcutIsShownWhileTheUserTypes)
+{
+    show();
+    bench.advance(100);
+    QTest::keyClick(&window, Qt::Key_A);
+    bench.floatingWindowView.handleCommandShortcut(Command::searchNotes);
+    EXPECT_EQ(shownText(), QStringLiteral("a /search_notes "));
+}
+
+TEST_F(FloatingWindowTest, KeyboardIsNotTakenAnewAtTheNextShowing)
+{
+    FloatingWindowView& view = bench.floatingWindowView;
+    show();
+    bench.advance(100);
+    bench.setText(QStringLiteral("/search_notes a"));
+    bench.deliver(2);
+    QTest::keyClick(&window, Qt::Key_Tab);
+    ASSERT_FALSE(view.isFocused());
+    window.hide();
+    show();
+    bench.advance(100);
+    EXPECT_FALSE(view.isFocused());
+    EXPECT_TRUE(view.searchResultsHaveFocus());
+    EXPECT_EQ(view.selectedSearchResultIndex(), 0);
+}
+
 TEST_F(FloatingWindowTest, ShortcutIsUndoneAtOnce)
 {
     show();
     bench.floatingWindowView.handleCommandShortcut(Command::searchNotes);
     bench.floatingWindowView.handleCommandShortcut(Command::newNote);
     bench.advance(0);
-    EXPECT_EQ(bench.text(), QStringLiteral("/search_notes  /new_note  $Default "));
+    EXPECT_EQ(shownText(), QStringLiteral("/search_notes  /new_note  $Default "));
     QTest::keySequence(&window, QKeySequence::Undo);
     EXPECT_EQ(bench.text(), QStringLiteral("/search_notes "));
     QTest::keySequence(&window, QKeySequence::Undo);

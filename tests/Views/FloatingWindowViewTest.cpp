@@ -177,6 +177,18 @@ TEST_F(FloatingWindowViewTest, ListOfAClearedSearchStaysOutOfSight)
     EXPECT_FALSE(view.showSearchResults());
 }
 
+TEST_F(FloatingWindowViewTest, NextListBeginsWithoutASelection)
+{
+    showPanel(3);
+    pressTab();
+    press(ArrowDirection::down);
+    bench.deliver(3);
+    EXPECT_TRUE(view.showSearchResults());
+    EXPECT_EQ(view.selectedSearchResultIndex(), -1);
+    EXPECT_FALSE(view.searchResultsHaveFocus());
+    EXPECT_FALSE(pressReturn());
+}
+
 TEST_F(FloatingWindowViewTest, EmptyListKeepsThePanelHidden)
 {
     showPanel(0);
@@ -352,6 +364,9 @@ TEST_F(FloatingWindowViewTest, ShortcutForANewNoteTrimsBlanksButNoLineEnds)
     bench.setText(QStringLiteral(" \t tea\n"));
     view.handleCommandShortcut(Command::newNote);
     EXPECT_EQ(bench.text(), QStringLiteral("tea\n /new_note  $Default "));
+    bench.setText(QStringLiteral(" \n tea"));
+    view.handleCommandShortcut(Command::newNote);
+    EXPECT_EQ(bench.text(), QStringLiteral("\n tea /new_note  $Default "));
 }
 
 TEST_F(FloatingWindowViewTest, ShortcutForANewNoteTakesAnyTextAsItIs)

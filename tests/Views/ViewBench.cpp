@@ -1,10 +1,14 @@
 #include "Views/ViewBench.h"
 
+#include <QCoroTask>
+
 #include <QClipboard>
 #include <QDir>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QMimeData>
+
+#include <utility>
 
 namespace jotwell {
 
@@ -17,6 +21,7 @@ ViewBench::ViewBench(QObject* parent) : QObject(parent)
 // What is under way would come back to services that are gone.
 ViewBench::~ViewBench()
 {
+    finishBuild();
     do {
         fake.background.waitForDone();
         QCoreApplication::processEvents();
@@ -39,6 +44,24 @@ void ViewBench::deliver(int count)
     for (int each = 0; each < count; ++each)
         notes.append(NoteSearchResult::forPath(QStringLiteral("/v/%1.md").arg(each)));
     commands.onSearchResults()(notes);
+}
+
+void ViewBench::startBuild()
+{
+    fake.bulk.setMaxThreadCount(1);
+    m_gate = std::make_shared<QSemaphore>();
+    fake.bulk.start([gate = m_gate] { gate->acquire(); });
+    QCoro::connect(index.buildIndex(vault.path()), this, [] {});
+    advance(16);
+}
+
+void ViewBench::finishBuild()
+{
+    if (const auto gate = std::exchange(m_gate, nullptr))
+        gate->release();
+    while (index.isIndexing())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    advance(16);
 }
 
 void ViewBench::compose(const QString& preedit, const QString& commit)

@@ -10,8 +10,11 @@
 #include "Views/FloatingWindowView.h"
 
 #include <QObject>
+#include <QSemaphore>
 #include <QTemporaryDir>
 #include <QVariant>
+
+#include <memory>
 
 namespace jotwell {
 
@@ -64,6 +67,9 @@ public:
     Q_INVOKABLE void appear() { floatingWindowView.appear(); }
     /// As many notes as a command may find; the view has to have appeared.
     Q_INVOKABLE void deliver(int count);
+    /// A build of the index that goes on until it is let finish.
+    Q_INVOKABLE void startBuild();
+    Q_INVOKABLE void finishBuild();
     /// An input method's step in the item that has the keyboard: what it composes, what it commits.
     Q_INVOKABLE void compose(const QString& preedit, const QString& commit = {});
     /// As another program would, which knows both forms of a text.
@@ -71,6 +77,7 @@ public:
 
 private:
     int m_toastCount = 0;
+    std::shared_ptr<QSemaphore> m_gate; ///< before which a build waits
 };
 
 } // namespace jotwell

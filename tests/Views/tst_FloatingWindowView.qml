@@ -78,9 +78,35 @@ TestCase {
         tryVerify(() => border.border.color.a === 0)
     }
 
+    function test_failure_shows_over_a_success() {
+        run("Call Ada /new_note")
+        tryVerify(() => bench.view.showAccentBorder)
+        run("Call Ada")
+        verify(bench.view.showAccentBorder && bench.view.showErrorBorder)
+        tryVerify(() => Qt.colorEqual(border.border.color, Theme.systemRed))
+        tryVerify(() => Qt.colorEqual(background.color, Theme.errorFlash))
+    }
+
+    function test_flash_comes_gradually() {
+        run("Call Ada")
+        tryVerify(() => border.border.color.a > 0 && border.border.color.a < 1)
+        tryVerify(() => Qt.colorEqual(background.color, Theme.errorFlash))
+    }
+
+    function test_border_lies_on_the_edge_of_the_card() {
+        compare(border.mapToItem(card, 0, 0), Qt.point(-1, -1))
+        compare(border.width, 802)
+        compare(border.height, 166)
+        compare(border.radius, 13)
+    }
+
     function test_spring_overshoots_and_settles() {
         run("Call Ada")
         tryVerify(() => card.scale > 1.05)
+        for (let step = 0; step < 20; ++step) {
+            wait(10)
+            verify(card.scale < 1.056, card.scale)
+        }
         bench.advance(100)
         tryVerify(() => card.scale < 1)
         tryCompare(card, "scale", 1)
@@ -126,6 +152,31 @@ TestCase {
         verify(panel.height <= 320)
         if (data.results === 50)
             compare(panel.height, 320)
+    }
+
+    function test_strip_stands_below_the_other_rows() {
+        bench.appear()
+        write("/search_notes a")
+        bench.deliver(3)
+        bench.startBuild()
+        const strip = findChild(root, "indexStrip")
+        const panel = findChild(root, "resultsPanel")
+        tryVerify(() => strip.progress > 0 && strip.progress < 1)
+        verify(strip.height > 0)
+        compare(strip.opacity, strip.progress)
+        tryCompare(strip, "progress", 1)
+        const shown = findChild(strip, "strip")
+        compare(shown.mapToItem(card, 0, 0).x, 12)
+        compare(shown.width, 776)
+        compare(lowerEdge(shown), card.height - 12)
+        compare(panel.y + panel.height, strip.y)
+        compare(shown.mapToItem(card, 0, 0).y, strip.y)
+        compare(card.height, 484)
+        bench.finishBuild()
+        tryVerify(() => strip.progress > 0 && strip.progress < 1)
+        tryCompare(strip, "height", 0)
+        compare(findChild(strip, "strip"), null)
+        compare(lowerEdge(panel), card.height)
     }
 
     function test_list_lies_over_the_rows_and_inside_the_card() {
@@ -215,6 +266,8 @@ TestCase {
     function test_text_takes_the_colours_of_a_flash() {
         run("Call Ada")
         compare(root.colors, Theme.onFlash)
+        compare(findChild(root, "editor").colors, Theme.onFlash)
+        compare(findChild(root, "shortcutsRow").colors, Theme.onFlash)
         bench.advance(300)
         compare(root.colors, Theme)
     }
