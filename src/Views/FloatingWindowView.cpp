@@ -58,15 +58,15 @@ CustomTextEditorBindings FloatingWindowView::editorBindings()
         handleTabKey();
         return true;
     };
-    its.onCommandClick = [&state](const TextRange& range, const QString&) {
-        state.handleCommandClick(range);
+    const auto tokenClick = [this](auto openList) {
+        return [this, openList](const TextRange& range, const QString&) {
+            m_hasTokenClick = true;
+            (m_commandTemplateState.*openList)(range);
+        };
     };
-    its.onTemplateClick = [&state](const TextRange& range, const QString&) {
-        state.handleTemplateClick(range);
-    };
-    its.onHashtagClick = [&state](const TextRange& range, const QString&) {
-        state.handleHashtagClick(range);
-    };
+    its.onCommandClick = tokenClick(&CommandTemplateState::handleCommandClick);
+    its.onTemplateClick = tokenClick(&CommandTemplateState::handleTemplateClick);
+    its.onHashtagClick = tokenClick(&CommandTemplateState::handleHashtagClick);
     return its;
 }
 
@@ -113,7 +113,7 @@ void FloatingWindowView::setFocused(bool focused)
 
 void FloatingWindowView::tapContent()
 {
-    if (showDropdown())
+    if (showDropdown() && !m_hasTokenClick)
         closeDropdowns();
 }
 

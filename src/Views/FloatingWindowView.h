@@ -83,9 +83,9 @@ public:
     void insertCommand(const QVariant& object);
     /// Opens the selected note, if there is one, and has the window hidden then.
     void openSelectedSearchResult();
-    /// A click on what the card shows.
+    // A press on what the card shows, the end of it if it was a tap, and a click beside the card.
+    Q_INVOKABLE void pressContent() { m_hasTokenClick = false; }
     Q_INVOKABLE void tapContent();
-    /// A click beside the card.
     Q_INVOKABLE void closeDropdowns() { m_commandTemplateState.closeDropdowns(); }
 
 signals:
@@ -137,7 +137,8 @@ private:
     IndexStatusView m_indexStatus;
     ToastContainerView m_toasts;
     bool m_isFocused = false;
-    bool m_isInserting = false; ///< the text field is to see only what comes of it
+    bool m_hasTokenClick = false; ///< since the last press
+    bool m_isInserting = false;   ///< the text field is to see only what comes of it
     Panel m_panel;
     double m_springScale = 1.0;
     bool m_showAccentBorder = false;

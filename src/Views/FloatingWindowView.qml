@@ -170,13 +170,25 @@ Item {
             }
         }
 
-        // Sees each press on what lies below it, and leaves it to that.
+        // Sees each tap on what lies below it, and leaves it to that. The card becomes another one
+        // behind the tap: what was tapped is to be where it was until then.
         Item {
             objectName: "content"
             anchors.fill: parent
 
             PointHandler {
-                onActiveChanged: if (active) root.view.tapContent()
+                readonly property vector2d way: Qt.vector2d(point.position.x - point.pressPosition.x,
+                                                            point.position.y - point.pressPosition.y)
+                property bool isTap: false
+
+                onWayChanged: isTap = isTap && way.length() < Qt.styleHints.startDragDistance
+                onActiveChanged: {
+                    if (active)
+                        root.view.pressContent()
+                    else if (isTap)
+                        Qt.callLater(root.view.tapContent)
+                    isTap = active
+                }
             }
         }
 
