@@ -67,11 +67,12 @@ class Compositor(unittest.TestCase):
 class WindowManager(unittest.TestCase):
     def check_manners(self, window):
         """It is above, on all desktops, and in no list of windows."""
-        told = window.properties("_NET_WM_STATE", "_NET_WM_DESKTOP")
-        for wanted in "_ABOVE", "_SKIP_TASKBAR", "_SKIP_PAGER", "= 4294967295":
-            self.assertIn(wanted, told)
-        stack = window.desktop.ask("xprop", "-root", "_NET_CLIENT_LIST_STACKING")
-        self.assertTrue(stack.endswith(hex(int(window.id))), stack)
+        wanted = "_ABOVE", "_SKIP_TASKBAR", "_SKIP_PAGER", "= 4294967295"
+        wait_until(lambda: all(each in window.properties("_NET_WM_STATE", "_NET_WM_DESKTOP")
+                               for each in wanted), f"{wanted} of the window")
+        stack = "xprop", "-root", "_NET_CLIENT_LIST_STACKING"
+        wait_until(lambda: window.desktop.ask(*stack).endswith(hex(int(window.id))),
+                   "the window on top of all others")
 
     def restart(self, desktop, end):
         desktop.window_manager.send(end)
