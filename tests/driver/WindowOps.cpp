@@ -1,15 +1,11 @@
 #include "driver/Operations.h"
 
 #include "Services/CommandService.h"
-#include "Views/CommandShortcutsRow.h"
 #include "Views/FloatingWindowView.h"
-#include "Views/Results/SearchResultRow.h"
 #include "driver/InputJson.h"
 #include "driver/Session.h"
 
 #include <QJsonArray>
-
-#include <memory>
 
 namespace jotwell {
 
