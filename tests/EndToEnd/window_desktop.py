@@ -74,6 +74,11 @@ class WindowManager(unittest.TestCase):
         wait_until(lambda: window.desktop.ask(*stack).endswith(hex(int(window.id))),
                    "the window on top of all others")
 
+    def wait_until_let_go(self, window):
+        """The X server maps what a window manager has in its hands when it dies."""
+        wait_until(lambda: hex(int(window.id)) not in window.desktop.ask(
+            "xprop", "-root", "_NET_CLIENT_LIST"), "the window in nobody's hands")
+
     def restart(self, desktop, end):
         desktop.window_manager.send(end)
         desktop.window_manager.exit_status()
@@ -104,6 +109,7 @@ class WindowManager(unittest.TestCase):
         with capturing() as window:
             window.show()
             window.hide()
+            self.wait_until_let_go(window)
             self.restart(window.desktop, signal.SIGKILL)
             window.desktop.other.focus()
             window.show()
