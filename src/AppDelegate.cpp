@@ -4,6 +4,7 @@
 #include "Platform/Scheduler.h"
 #include "Platform/StatusItem.h"
 #include "Platform/TerminationSignals.h"
+#include "StatusMenu.h"
 #include "Services/CommandService.h"
 #include "Services/SettingsService.h"
 #include "Services/TagIndexService.h"
@@ -12,6 +13,7 @@
 #include "Support/Logging.h"
 #include "Views/FloatingWindow.h"
 #include "Views/FloatingWindowView.h"
+#include "Views/LocalKeyMonitor.h"
 
 #include <QDeadlineTimer>
 #include <QEvent>
@@ -35,7 +37,9 @@ constexpr int idleTurnsAtMost = longestWait / idlePollInterval;
 
 AppDelegate::AppDelegate(Desktop desktop, Scheduler& scheduler, QThreadPool& background)
     : m_desktop(desktop), m_scheduler(scheduler), m_background(background),
-      m_settings(SettingsService::shared())
+      m_settings(SettingsService::shared()),
+      m_localKeyMonitor(
+          std::make_unique<LocalKeyMonitor>(m_settings, m_scheduler, m_desktop.windows))
 {
 }
 
@@ -47,9 +51,8 @@ void AppDelegate::applicationDidFinishLaunching()
     if (!m_settings.onboardingCompleted())
         showOnboarding();
     startIndex();
-    m_desktop.statusItem.setAction([this] { toggleFloatingWindow(); });
-    m_desktop.door.answer([this] { toggleFloatingWindow(); },
-                          [this](const QString& name) { performAction(name); });
+    setupStatusItem();
+    setupNotifications();
     refreshMenuBar();
     setupFloatingWindow();
     // Reads its folder when it is made: now, rather than when the first note is waiting for it.
@@ -63,19 +66,36 @@ void AppDelegate::startIndex()
         QCoro::connect(TagIndexService::shared().buildIndex(vaultPath), this, [] {});
 }
 
+void AppDelegate::setupStatusItem()
+{
+    m_desktop.statusItem.setAction([this] { toggleFloatingWindow(); });
+    m_desktop.door.answer([this] { toggleFloatingWindow(); },
+                          [this](const QString& name) { performAction(name); });
+}
+
+void AppDelegate::setupNotifications() {}
+
 void AppDelegate::setupFloatingWindow()
 {
     m_floatingWindowView = std::make_unique<FloatingWindowView>(InputServices::shared(m_scheduler),
                                                                 ToastManager::shared());
     m_floatingWindow = std::make_unique<FloatingWindow>(*m_floatingWindowView, m_desktop.windows);
-    connect(m_floatingWindow.get(), &FloatingWindow::togglePressed, this,
-            &AppDelegate::hideFloatingWindow);
     connect(m_floatingWindowView.get(), &FloatingWindowView::toggleRequested, this,
             &AppDelegate::hideFloatingWindow);
-    connect(m_floatingWindow.get(), &FloatingWindow::commandPressed, m_floatingWindowView.get(),
+    setupLocalKeyMonitor();
+}
+
+void AppDelegate::setupLocalKeyMonitor()
+{
+    connect(m_localKeyMonitor.get(), &LocalKeyMonitor::hideRequested, this,
+            [this] { m_floatingWindow->hide(); });
+    connect(m_localKeyMonitor.get(), &LocalKeyMonitor::toggleRequested, this,
+            &AppDelegate::performToggleFloatingWindow);
+    connect(m_localKeyMonitor.get(), &LocalKeyMonitor::insertCommand, m_floatingWindowView.get(),
             [this](Command command) {
                 m_floatingWindowView->insertCommand(QVariant::fromValue(command));
             });
+    m_localKeyMonitor->watch(*m_floatingWindow);
 }
 
 void AppDelegate::toggleFloatingWindow()
@@ -106,24 +126,26 @@ void AppDelegate::showOnboarding()
     toggleFloatingWindow();
 }
 
+void AppDelegate::showSettings() {}
+
 void AppDelegate::refreshMenuBar()
 {
     printLine(QStringLiteral("[AppDelegate] refreshMenuBar() called"));
+    const Hotkey hotkey{m_settings.globalHotkeyCode(), m_settings.globalHotkeyModifiers()};
     printLine(QStringLiteral("[AppDelegate] Current hotkey settings - keyCode: %1, modifiers: %2")
-                  .arg(m_settings.globalHotkeyCode())
-                  .arg(m_settings.globalHotkeyModifiers()));
-    std::vector<MenuEntry> entries;
-    entries.push_back({QStringLiteral("Open"), [this] { toggleFloatingWindow(); }, {}});
-    entries.push_back({});
-    entries.push_back(
-        {QStringLiteral("Quit"), [this] { terminate(); }, QKeySequence(Qt::CTRL | Qt::Key_Q)});
-    m_desktop.statusItem.setMenu(std::move(entries));
+                  .arg(hotkey.keyCode)
+                  .arg(hotkey.modifiers));
+    StatusMenuActions actions{[this] { toggleFloatingWindow(); }, [this] { showSettings(); },
+                              [this] { terminate(); }};
+    m_desktop.statusItem.setMenu(statusMenu(hotkey, std::move(actions), MenuEntry{}));
 }
 
 void AppDelegate::performAction(const QString& name)
 {
     if (name == QLatin1String("toggle"))
         toggleFloatingWindow();
+    else if (name == QLatin1String("settings"))
+        showSettings();
     else if (name == QLatin1String("quit"))
         terminate();
 }

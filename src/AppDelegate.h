@@ -13,6 +13,7 @@ namespace jotwell {
 class FloatingWindow;
 class FloatingWindowView;
 class InstanceDoor;
+class LocalKeyMonitor;
 class Scheduler;
 class SettingsService;
 class StatusItem;
@@ -43,17 +44,25 @@ public:
 
     /// Shows or hides the capture window, on a later turn of the event loop.
     void toggleFloatingWindow();
+    /// Shows the settings window, on the screen of the global hotkey if it isn't open yet.
+    void showSettings();
     /// Builds the status item's menu anew.
     void refreshMenuBar();
     /// Ends the event loop with status 0 once what is being written has been written.
     void terminate();
+
+    /// What becomes of the keys that go to the program's windows.
+    [[nodiscard]] LocalKeyMonitor& localKeyMonitor() { return *m_localKeyMonitor; }
 
     /// Catches the desktop's wish to end the program.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void startIndex();
+    void setupStatusItem();
+    void setupNotifications();
     void setupFloatingWindow();
+    void setupLocalKeyMonitor();
     void hideFloatingWindow();
     void performToggleFloatingWindow();
     void showOnboarding();
@@ -66,6 +75,7 @@ private:
     Scheduler& m_scheduler;
     QThreadPool& m_background;
     SettingsService& m_settings;
+    std::unique_ptr<LocalKeyMonitor> m_localKeyMonitor;
     std::unique_ptr<FloatingWindowView> m_floatingWindowView;
     std::unique_ptr<FloatingWindow> m_floatingWindow;
     bool m_isTerminating = false;

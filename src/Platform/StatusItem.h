@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QKeySequence>
+#include "Platform/KeyEvent.h"
+
 #include <QString>
 
 #include <functional>
@@ -12,7 +13,9 @@ namespace jotwell {
 struct MenuEntry {
     QString title;
     std::function<void()> action;
-    QKeySequence keyEquivalent; ///< shown beside the title, empty for none
+    QString keyEquivalent; ///< the key that is shown beside the title, empty for none
+    quint64 keyEquivalentModifierMask = ModifierBit::command;
+    bool isEnabled = true;
 };
 
 /// Jotwell's item in the desktop's tray. It shows itself whenever the desktop has a place for it,

@@ -2,11 +2,9 @@
 
 #include "Views/FloatingWindowView.h"
 #include "Views/ViewResources.h"
-#include "Views/WindowKeys.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QQmlEngine>
 #include <QScreen>
 
@@ -89,6 +87,11 @@ void FloatingWindow::centre()
     setGeometry({frame.topLeft() + QPoint(room.width() / 2, room.height() / 2), contentSize});
 }
 
+bool FloatingWindow::isComposing() const
+{
+    return m_view.editor()->isComposing();
+}
+
 bool FloatingWindow::isOnScreen() const
 {
     return isVisible() && !windowStates().testFlag(Qt::WindowMinimized);
@@ -136,19 +139,6 @@ void FloatingWindow::exposeEvent(QExposeEvent* event)
         return;
     m_shape.reset();
     updateShape();
-}
-
-// Keys belong to an input method until it has done with them.
-void FloatingWindow::keyPressEvent(QKeyEvent* event)
-{
-    const WindowKey key{event->key(), m_windowSystem.keyCode(*event), event->modifiers()};
-    const auto action = m_view.editor()->isComposing() ? WindowKeyAction() : actionFor(key);
-    if (std::holds_alternative<ToggleWindow>(action))
-        emit togglePressed();
-    else if (const auto* insert = std::get_if<InsertCommand>(&action))
-        emit commandPressed(insert->command);
-    else
-        QQuickView::keyPressEvent(event);
 }
 
 void FloatingWindow::closeEvent(QCloseEvent* event)

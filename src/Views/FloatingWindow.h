@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Models/Command.h"
 #include "Platform/WindowSystem.h"
 
 #include <QPointer>
@@ -29,16 +28,11 @@ public:
     [[nodiscard]] bool isOnScreen() const;
     /// Moves to the middle of the main screen; stays where it is if there is none.
     void centre();
+    /// Whether an input method is at work in the text field.
+    [[nodiscard]] bool isComposing() const;
     void makeKeyAndOrderFront();
 
-signals:
-    /// The user pressed the key that hides the window, and no input method has a use for it.
-    void togglePressed();
-    /// The user pressed the key of `command`, likewise.
-    void commandPressed(jotwell::Command command);
-
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void exposeEvent(QExposeEvent* event) override;
 

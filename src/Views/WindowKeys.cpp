@@ -1,8 +1,12 @@
 #include "Views/WindowKeys.h"
 
+#include <optional>
+
 namespace jotwell {
 
 namespace {
+
+constexpr int escape = 53;
 
 // By place, as in many layouts the digits of that row need Shift or are none at all.
 std::optional<Command> commandAt(int keyCode)
@@ -19,24 +23,24 @@ std::optional<Command> commandAt(int keyCode)
     }
 }
 
-bool isCommandHeld(Qt::KeyboardModifiers modifiers)
+bool isCommandHeld(quint64 flags)
 {
-    constexpr Qt::KeyboardModifiers allOthers =
-        Qt::ShiftModifier | Qt::MetaModifier | Qt::AltModifier;
-    // A character of the third level is being typed with AltGr.
-    if (modifiers.testFlag(Qt::GroupSwitchModifier))
-        return false;
-    return modifiers.testFlag(Qt::ControlModifier) && (modifiers & allOthers) != allOthers;
+    constexpr quint64 allOthers = ModifierBit::shift | ModifierBit::control | ModifierBit::option;
+    return (flags & ModifierBit::command) != 0 && (flags & allOthers) != allOthers;
 }
 
 } // namespace
 
-WindowKeyAction actionFor(const WindowKey& key)
+WindowKeyAction actionFor(const KeyEvent& event, const Hotkey& hotkey, bool captureWindowIsKey)
 {
-    if (key.key == Qt::Key_Escape)
+    if (event.type != KeyEvent::keyDown)
+        return std::monostate();
+    if (event.keyCode == escape && captureWindowIsKey)
         return ToggleWindow();
-    const auto command = key.keyCode ? commandAt(*key.keyCode) : std::nullopt;
-    if (command && isCommandHeld(key.modifiers))
+    if (event.keyCode == hotkey.keyCode && (event.flags & ModifierBit::all) == hotkey.modifiers)
+        return ToggleWindow();
+    const auto command = commandAt(event.keyCode);
+    if (command && captureWindowIsKey && isCommandHeld(event.flags))
         return InsertCommand{*command};
     return std::monostate();
 }

@@ -1,29 +1,22 @@
 #pragma once
 
 #include "Models/Command.h"
+#include "Platform/KeyEvent.h"
 
-#include <Qt>
-
-#include <optional>
 #include <variant>
 
 namespace jotwell {
-
-/// A key pressed while the capture window has the keyboard.
-struct WindowKey {
-    int key = 0;                ///< what it means in the layout, a Qt::Key
-    std::optional<int> keyCode; ///< its place on the keyboard, a virtual key code
-    Qt::KeyboardModifiers modifiers;
-};
 
 struct ToggleWindow {};
 struct InsertCommand {
     Command command;
 };
 
-/// What the application does for a key; a key that is none of its own goes to the window's content.
+/// What the application does for a key; a key that is none of its own goes to the window.
 using WindowKeyAction = std::variant<std::monostate, ToggleWindow, InsertCommand>;
 
-[[nodiscard]] WindowKeyAction actionFor(const WindowKey& key);
+/// For a key that goes to one of the program's windows, the capture window or another one.
+[[nodiscard]] WindowKeyAction actionFor(const KeyEvent& event, const Hotkey& hotkey,
+                                        bool captureWindowIsKey);
 
 } // namespace jotwell

@@ -5,7 +5,10 @@
 #include "Fakes/FakeDefaultsStore.h"
 #include "Fakes/FakeFileSystems.h"
 #include "Fakes/FakeFolderWatcher.h"
+#include "Fakes/FakeHotkeyChannels.h"
+#include "Fakes/FakeLoginItem.h"
 #include "Fakes/FakeScheduler.h"
+#include "Fakes/FakeUpdater.h"
 #include "Fakes/FakeWorkspace.h"
 #include "Platform/Platform.h"
 
@@ -23,6 +26,9 @@ struct FakePlatform {
     FakeFolderWatcher folders;
     FakeWorkspace workspace;
     FakeFileSystems fileSystems;
+    FakeHotkeyChannels hotkeys;
+    FakeLoginItem loginItem;
+    FakeUpdater updater;
     QTemporaryDir applicationSupport;
     QThreadPool database;
     QThreadPool bulk;
@@ -30,17 +36,10 @@ struct FakePlatform {
 
     FakePlatform() { database.setMaxThreadCount(1); }
 
-    const Platform platform{clock,
-                            scheduler,
-                            defaults,
-                            files,
-                            fileSystems,
-                            folders,
-                            workspace,
-                            background,
-                            bulk,
-                            database,
-                            applicationSupport.path()};
+    const Platform platform{
+        clock,       clock,      scheduler, defaults, files,
+        fileSystems, folders,    workspace, hotkeys,  loginItem,
+        updater,     background, bulk,      database, applicationSupport.path()};
 };
 
 } // namespace jotwell

@@ -5,7 +5,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
@@ -27,13 +26,6 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers, quint32 scanCode,
-               const QString& text = {})
-    {
-        QKeyEvent event(QEvent::KeyPress, key, modifiers, scanCode, 0, 0, text);
-        QCoreApplication::sendEvent(&window, &event);
-    }
-
     QQuickItem* item(const char* name)
     {
         return window.rootObject()->findChild<QQuickItem*>(QString::fromLatin1(name));
@@ -44,8 +36,6 @@ protected:
     ViewBench bench;
     FakeWindowSystem windowSystem;
     FloatingWindow window{bench.floatingWindowView, windowSystem};
-    QSignalSpy toggles{&window, &FloatingWindow::togglePressed};
-    QSignalSpy commands{&window, &FloatingWindow::commandPressed};
 };
 
 } // namespace
@@ -84,24 +74,6 @@ TEST_F(FloatingWindowTest, KeysReachTheEditorAtOnce)
     EXPECT_FALSE(bench.floatingWindowView.isFocused());
     QTest::keyClick(&window, Qt::Key_A);
     EXPECT_EQ(bench.text(), QStringLiteral("a"));
-}
-
-TEST_F(FloatingWindowTest, EscapeIsReportedAndGoesNoFurther)
-{
-    show();
-    QTest::keyClick(&window, Qt::Key_Escape);
-    EXPECT_EQ(toggles.size(), 1);
-}
-
-TEST_F(FloatingWindowTest, EscapeBelongsToTheInputMethodWhileItComposes)
-{
-    show();
-    bench.compose(QStringLiteral("ni"));
-    QTest::keyClick(&window, Qt::Key_Escape);
-    EXPECT_EQ(toggles.size(), 0);
-    bench.compose({}, QStringLiteral("\u4f60"));
-    QTest::keyClick(&window, Qt::Key_Escape);
-    EXPECT_EQ(toggles.size(), 1);
 }
 
 TEST_F(FloatingWindowTest, ClosingOnlyHides)
@@ -211,17 +183,6 @@ TEST_F(FloatingWindowTest, CompositorMayComeWhenTheWindowHasGone)
     EXPECT_EQ(windowSystem.shapes, 0);
 }
 
-TEST_F(FloatingWindowTest, KeysOfCommandsAreReportedByTheirPlaceAndGoNoFurther)
-{
-    show();
-    press(Qt::Key_Ampersand, Qt::ControlModifier, 18, QStringLiteral("&"));
-    press(Qt::Key_Eacute, Qt::ControlModifier | Qt::ShiftModifier, 19, QStringLiteral("2"));
-    ASSERT_EQ(commands.size(), 2);
-    EXPECT_EQ(commands[0][0].value<Command>(), Command::newNote);
-    EXPECT_EQ(commands[1][0].value<Command>(), Command::searchNotes);
-    EXPECT_EQ(bench.text(), QString());
-}
-
 TEST_F(FloatingWindowTest, ShortcutIsShownWhileTheUserTypes)
 {
     show();
@@ -259,22 +220,6 @@ TEST_F(FloatingWindowTest, ShortcutIsUndoneAtOnce)
     EXPECT_EQ(bench.text(), QStringLiteral("/search_notes "));
     QTest::keySequence(&window, QKeySequence::Undo);
     EXPECT_EQ(bench.text(), QString());
-}
-
-TEST_F(FloatingWindowTest, DigitsWithoutControlAreText)
-{
-    show();
-    press(Qt::Key_1, Qt::NoModifier, 18, QStringLiteral("1"));
-    EXPECT_EQ(commands.size(), 0);
-    EXPECT_EQ(bench.text(), QStringLiteral("1"));
-}
-
-TEST_F(FloatingWindowTest, KeysOfCommandsBelongToTheInputMethodWhileItComposes)
-{
-    show();
-    bench.compose(QStringLiteral("ni"));
-    press(Qt::Key_1, Qt::ControlModifier, 18);
-    EXPECT_EQ(commands.size(), 0);
 }
 
 TEST_F(FloatingWindowTest, FiftyTogglesLeaveItHiddenAndOnceMoreShown)

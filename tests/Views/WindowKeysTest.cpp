@@ -6,43 +6,56 @@ using namespace jotwell;
 
 namespace {
 
-constexpr auto control = Qt::ControlModifier;
-constexpr auto shift = Qt::ShiftModifier;
-constexpr auto super = Qt::MetaModifier;
-constexpr auto option = Qt::AltModifier;
+constexpr quint64 shift = 0x20000;
+constexpr quint64 control = 0x40000;
+constexpr quint64 option = 0x80000;
+constexpr quint64 command = 0x100000;
+constexpr Hotkey hotkey{11, command | option};
+
+KeyEvent keyDown(int keyCode, quint64 flags)
+{
+    return {10, keyCode, flags};
+}
+
+std::optional<Command> inserted(const WindowKeyAction& action)
+{
+    const auto* insert = std::get_if<InsertCommand>(&action);
+    return insert ? std::optional(insert->command) : std::nullopt;
+}
+
+bool toggles(const KeyEvent& event, bool captureWindowIsKey, const Hotkey& its = hotkey)
+{
+    return std::holds_alternative<ToggleWindow>(actionFor(event, its, captureWindowIsKey));
+}
 
 struct Row {
     const char* name;
-    WindowKey key;
+    KeyEvent key;
     std::optional<Command> inserts;
 };
 
 class CommandKeysTest : public testing::TestWithParam<Row> {};
 
-// A French keyboard: the digits need Shift, and their keys mean other characters.
 const Row rows[] = {
-    {"first", {Qt::Key_1, 18, control}, Command::newNote},
-    {"second", {Qt::Key_2, 19, control}, Command::searchNotes},
-    {"third", {Qt::Key_3, 20, control}, Command::recentNotes},
-    {"fourth", {Qt::Key_4, 21, control}, {}},
-    {"fifth", {Qt::Key_5, 23, control}, {}},
-    {"firstOfAFrenchKeyboard", {Qt::Key_Ampersand, 18, control}, Command::newNote},
-    {"otherPlaceThatMeansTheDigit", {Qt::Key_1, 83, control}, {}},
-    {"unknownPlace", {Qt::Key_1, std::nullopt, control}, {}},
-    {"alone", {Qt::Key_1, 18, Qt::NoModifier}, {}},
-    {"withShiftAlone", {Qt::Key_Exclam, 18, shift}, {}},
-    {"withSuperAlone", {Qt::Key_1, 18, super}, {}},
-    {"withOptionAlone", {Qt::Key_1, 18, option}, {}},
-    {"shift", {Qt::Key_Exclam, 18, control | shift}, Command::newNote},
-    {"super", {Qt::Key_1, 18, control | super}, Command::newNote},
-    {"option", {Qt::Key_1, 18, control | option}, Command::newNote},
-    {"shiftAndSuper", {Qt::Key_Exclam, 18, control | shift | super}, Command::newNote},
-    {"shiftAndOption", {Qt::Key_Exclam, 18, control | shift | option}, Command::newNote},
-    {"superAndOption", {Qt::Key_1, 18, control | super | option}, Command::newNote},
-    {"allThree", {Qt::Key_Exclam, 18, control | shift | super | option}, {}},
-    {"thirdLevel", {Qt::Key_2, 19, Qt::GroupSwitchModifier}, {}},
-    {"thirdLevelWithControl", {Qt::Key_2, 19, control | Qt::GroupSwitchModifier}, {}},
-    {"digitOfTheKeypad", {Qt::Key_1, 83, control | Qt::KeypadModifier}, {}},
+    {"first", keyDown(18, command), Command::newNote},
+    {"second", keyDown(19, command), Command::searchNotes},
+    {"third", keyDown(20, command), Command::recentNotes},
+    {"fourth", keyDown(21, command), {}},
+    {"fifth", keyDown(23, command), {}},
+    {"unknownPlace", keyDown(-1, command), {}},
+    {"alone", keyDown(18, 0), {}},
+    {"withShiftAlone", keyDown(18, shift), {}},
+    {"withControlAlone", keyDown(18, control), {}},
+    {"withOptionAlone", keyDown(18, option), {}},
+    {"shift", keyDown(18, command | shift), Command::newNote},
+    {"control", keyDown(18, command | control), Command::newNote},
+    {"option", keyDown(18, command | option), Command::newNote},
+    {"shiftAndControl", keyDown(18, command | shift | control), Command::newNote},
+    {"shiftAndOption", keyDown(18, command | shift | option), Command::newNote},
+    {"controlAndOption", keyDown(18, command | control | option), Command::newNote},
+    {"allThree", keyDown(18, command | shift | control | option), {}},
+    {"bitsThatDontCount", keyDown(18, command | 0x810108), Command::newNote},
+    {"changeOfTheFlags", KeyEvent{12, 18, command}, {}},
 };
 
 std::string nameOfRow(const testing::TestParamInfo<Row>& info)
@@ -54,16 +67,42 @@ INSTANTIATE_TEST_SUITE_P(All, CommandKeysTest, testing::ValuesIn(rows), nameOfRo
 
 } // namespace
 
-TEST_P(CommandKeysTest, InsertsItsCommandOrIsLeftToTheContent)
+TEST_P(CommandKeysTest, InsertsItsCommandOrIsLeftToTheWindow)
 {
-    const auto action = actionFor(GetParam().key);
-    const auto* insert = std::get_if<InsertCommand>(&action);
-    EXPECT_EQ(insert ? std::optional(insert->command) : std::nullopt, GetParam().inserts);
+    const auto action = actionFor(GetParam().key, hotkey, true);
+    EXPECT_EQ(inserted(action), GetParam().inserts);
     EXPECT_EQ(std::holds_alternative<std::monostate>(action), !GetParam().inserts);
 }
 
-TEST(WindowKeysTest, EscapeToggles)
+TEST_P(CommandKeysTest, IsLeftToAnyOtherWindow)
 {
-    EXPECT_TRUE(std::holds_alternative<ToggleWindow>(actionFor({Qt::Key_Escape, 53, {}})));
-    EXPECT_TRUE(std::holds_alternative<ToggleWindow>(actionFor({Qt::Key_Escape, {}, {}})));
+    const auto action = actionFor(GetParam().key, hotkey, false);
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(action));
+}
+
+TEST(WindowKeysTest, EscapeTogglesFromTheCaptureWindowAlone)
+{
+    EXPECT_TRUE(toggles(keyDown(53, 0), true));
+    EXPECT_TRUE(toggles(keyDown(53, shift), true));
+    EXPECT_FALSE(toggles(keyDown(53, 0), false));
+}
+
+TEST(WindowKeysTest, HotkeyTogglesFromEveryWindow)
+{
+    EXPECT_TRUE(toggles(keyDown(11, command | option), true));
+    EXPECT_TRUE(toggles(keyDown(11, command | option), false));
+    EXPECT_TRUE(toggles(keyDown(11, command | option | 0x10000), false)) << "Caps Lock";
+}
+
+TEST(WindowKeysTest, HotkeyNeedsExactlyItsModifiers)
+{
+    EXPECT_FALSE(toggles(keyDown(11, command | option | shift), true));
+    EXPECT_FALSE(toggles(keyDown(11, command), true));
+    EXPECT_FALSE(toggles(keyDown(12, command | option), true));
+    EXPECT_FALSE(toggles({12, 11, command | option}, true));
+}
+
+TEST(WindowKeysTest, HotkeyGoesBeforeACommand)
+{
+    EXPECT_TRUE(toggles(keyDown(18, command), true, {18, command}));
 }

@@ -34,17 +34,12 @@ void RecordingWorkspace::openUrl(const QString& url)
 DriverPlatform::DriverPlatform(const QString& home, EffectRecorder& effects)
     : m_home(home),
       m_defaults(home + QStringLiteral("/.driver/config/com.jotwell/Jotwell.ini"), m_files),
-      m_workspace(effects), m_platform{m_clock,
-                                       m_scheduler,
-                                       m_defaults,
-                                       m_files,
-                                       m_fileSystems,
-                                       m_folders,
-                                       m_workspace,
-                                       m_background,
-                                       m_bulk,
-                                       m_database,
-                                       home + QStringLiteral("/.driver/data/com.jotwell")}
+      m_workspace(effects),
+      m_platform{m_clock,     m_clock,     m_scheduler,
+                 m_defaults,  m_files,     m_fileSystems,
+                 m_folders,   m_workspace, m_hotkeys,
+                 m_loginItem, m_updater,   m_background,
+                 m_bulk,      m_database,  home + QStringLiteral("/.driver/data/com.jotwell")}
 {
     m_database.setMaxThreadCount(1);
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "Fakes/FakeHotkeyChannels.h"
+#include "Fakes/FakeLoginItem.h"
+#include "Fakes/FakeUpdater.h"
 #include "Platform/Clock.h"
 #include "Platform/Platform.h"
 #include "Platform/Workspace.h"
@@ -53,6 +56,7 @@ public:
     [[nodiscard]] const Platform& platform() const { return m_platform; }
     [[nodiscard]] ScriptedClock& clock() { return m_clock; }
     [[nodiscard]] DefaultsStore& defaults() { return m_defaults; }
+    [[nodiscard]] FakeHotkeyChannels& hotkeys() { return m_hotkeys; }
     /// Whether a thread is at work or a task asleep.
     [[nodiscard]] bool isWorking() const;
     /// Waits for the database's thread.
@@ -70,6 +74,9 @@ private:
     IniDefaultsStore m_defaults;
     RecordingWorkspace m_workspace;
     LinuxFileSystems m_fileSystems;
+    FakeHotkeyChannels m_hotkeys;
+    FakeLoginItem m_loginItem;
+    FakeUpdater m_updater;
     QThreadPool m_database;
     QThreadPool m_bulk;
     QThreadPool m_background;

@@ -10,6 +10,9 @@
 #include "Platform/linux/UnixTerminationSignals.h"
 #include "Platform/linux/XcbWindowSystem.h"
 #include "Platform/linux/XdgWorkspace.h"
+#include "Platform/none/NoHotkeyChannels.h"
+#include "Platform/none/NoLoginItem.h"
+#include "Platform/none/NoUpdater.h"
 
 namespace jotwell {
 
@@ -36,6 +39,21 @@ std::unique_ptr<FolderWatcher> makeFolderWatcher()
 std::unique_ptr<Workspace> makeWorkspace()
 {
     return std::make_unique<XdgWorkspace>();
+}
+
+std::unique_ptr<HotkeyChannels> makeHotkeyChannels()
+{
+    return std::make_unique<NoHotkeyChannels>();
+}
+
+std::unique_ptr<LoginItem> makeLoginItem()
+{
+    return std::make_unique<NoLoginItem>();
+}
+
+std::unique_ptr<Updater> makeUpdater()
+{
+    return std::make_unique<NoUpdater>();
 }
 
 std::unique_ptr<WindowSystem> makeWindowSystem()

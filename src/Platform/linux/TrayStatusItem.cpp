@@ -20,6 +20,18 @@ namespace {
 const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 
+QKeySequence shortcut(const MenuEntry& entry)
+{
+    if (entry.keyEquivalent.isEmpty())
+        return {};
+    Qt::KeyboardModifiers modifiers;
+    modifiers.setFlag(Qt::ShiftModifier, entry.keyEquivalentModifierMask & ModifierBit::shift);
+    modifiers.setFlag(Qt::MetaModifier, entry.keyEquivalentModifierMask & ModifierBit::control);
+    modifiers.setFlag(Qt::AltModifier, entry.keyEquivalentModifierMask & ModifierBit::option);
+    modifiers.setFlag(Qt::ControlModifier, entry.keyEquivalentModifierMask & ModifierBit::command);
+    return QKeyCombination(modifiers, Qt::Key(entry.keyEquivalent.front().toUpper().unicode()));
+}
+
 } // namespace
 
 TrayStatusItem::TrayStatusItem(QIcon icon, QString description)
@@ -56,7 +68,8 @@ void TrayStatusItem::setMenu(std::vector<MenuEntry> entries)
             continue;
         }
         QAction* action = menu->addAction(entry.title);
-        action->setShortcut(entry.keyEquivalent);
+        action->setShortcut(shortcut(entry));
+        action->setEnabled(entry.isEnabled);
         connect(action, &QAction::triggered, this, std::move(entry.action));
     }
     if (m_trayIcon)
