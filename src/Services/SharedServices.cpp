@@ -3,6 +3,7 @@
 #include "Platform/Platform.h"
 #include "Services/CommandService.h"
 #include "Services/Input/InputServices.h"
+#include "Services/LaunchAtLoginManager.h"
 #include "Services/ObsidianService.h"
 #include "Services/SettingsService.h"
 #include "Services/TagIndexService.h"
@@ -26,6 +27,7 @@ struct SharedServices {
     std::unique_ptr<TagIndexService> tagIndex;
     std::unique_ptr<ObsidianService> obsidian;
     std::unique_ptr<CommandService> command;
+    std::unique_ptr<LaunchAtLoginManager> launchAtLogin;
 };
 
 SharedServices& services()
@@ -44,6 +46,7 @@ void installPlatform(const Platform& platform)
 void releaseSharedServices()
 {
     SharedServices& all = services();
+    all.launchAtLogin.reset();
     all.command.reset();
     all.obsidian.reset();
     all.tagIndex.reset();
@@ -106,6 +109,15 @@ CommandService& CommandService::shared()
             std::make_unique<CommandService>(ObsidianService::shared(), SettingsService::shared(),
                                              ToastManager::shared(), all.platform->background);
     return *all.command;
+}
+
+LaunchAtLoginManager& LaunchAtLoginManager::shared()
+{
+    SharedServices& all = services();
+    if (!all.launchAtLogin)
+        all.launchAtLogin = std::make_unique<LaunchAtLoginManager>(
+            all.platform->loginItem, all.platform->defaults, all.platform->scheduler);
+    return *all.launchAtLogin;
 }
 
 InputServices InputServices::shared(Scheduler& scheduler)
