@@ -2,6 +2,7 @@
 
 #include "Platform/Platform.h"
 #include "Services/CommandService.h"
+#include "Services/GlobalHotkeyManager.h"
 #include "Services/Input/InputServices.h"
 #include "Services/LaunchAtLoginManager.h"
 #include "Services/ObsidianService.h"
@@ -27,6 +28,7 @@ struct SharedServices {
     std::unique_ptr<TagIndexService> tagIndex;
     std::unique_ptr<ObsidianService> obsidian;
     std::unique_ptr<CommandService> command;
+    std::unique_ptr<GlobalHotkeyManager> globalHotkey;
     std::unique_ptr<LaunchAtLoginManager> launchAtLogin;
 };
 
@@ -47,6 +49,7 @@ void releaseSharedServices()
 {
     SharedServices& all = services();
     all.launchAtLogin.reset();
+    all.globalHotkey.reset();
     all.command.reset();
     all.obsidian.reset();
     all.tagIndex.reset();
@@ -109,6 +112,16 @@ CommandService& CommandService::shared()
             std::make_unique<CommandService>(ObsidianService::shared(), SettingsService::shared(),
                                              ToastManager::shared(), all.platform->background);
     return *all.command;
+}
+
+GlobalHotkeyManager& GlobalHotkeyManager::shared()
+{
+    SharedServices& all = services();
+    if (!all.globalHotkey)
+        all.globalHotkey = std::make_unique<GlobalHotkeyManager>(
+            all.platform->hotkeys, SettingsService::shared(), all.platform->steadyClock,
+            all.platform->scheduler, ToastManager::shared());
+    return *all.globalHotkey;
 }
 
 LaunchAtLoginManager& LaunchAtLoginManager::shared()
