@@ -5,6 +5,7 @@
 #include "Services/Input/InputServices.h"
 #include "Services/ObsidianService.h"
 #include "Services/SettingsService.h"
+#include "Services/SparkleUpdateManager.h"
 #include "Services/TagIndexService.h"
 #include "Services/TemplateSyncService.h"
 #include "Services/ToastManager.h"
@@ -26,6 +27,7 @@ struct SharedServices {
     std::unique_ptr<TagIndexService> tagIndex;
     std::unique_ptr<ObsidianService> obsidian;
     std::unique_ptr<CommandService> command;
+    std::unique_ptr<SparkleUpdateManager> updates;
 };
 
 SharedServices& services()
@@ -44,6 +46,7 @@ void installPlatform(const Platform& platform)
 void releaseSharedServices()
 {
     SharedServices& all = services();
+    all.updates.reset();
     all.command.reset();
     all.obsidian.reset();
     all.tagIndex.reset();
@@ -106,6 +109,16 @@ CommandService& CommandService::shared()
             std::make_unique<CommandService>(ObsidianService::shared(), SettingsService::shared(),
                                              ToastManager::shared(), all.platform->background);
     return *all.command;
+}
+
+SparkleUpdateManager& SparkleUpdateManager::shared()
+{
+    SharedServices& all = services();
+    if (!all.updates)
+        all.updates =
+            std::make_unique<SparkleUpdateManager>(all.platform->updater, all.platform->workspace,
+                                                   all.platform->scheduler, ToastManager::shared());
+    return *all.updates;
 }
 
 InputServices InputServices::shared(Scheduler& scheduler)
