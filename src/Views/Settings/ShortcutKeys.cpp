@@ -95,6 +95,13 @@ QStringList recordedShortcutKeys(const Hotkey& recorded)
     return keys;
 }
 
+bool isRecordable(int keyCode)
+{
+    constexpr int tab = 48;
+    constexpr int escape = 53;
+    return keyCode >= 0 && keyCode != tab && keyCode != escape;
+}
+
 bool isValidShortcut(const Hotkey& recorded)
 {
     return recorded.keyCode >= 1 && (recorded.modifiers & ModifierBit::all) != 0;

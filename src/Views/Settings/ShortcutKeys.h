@@ -27,6 +27,10 @@ namespace jotwell {
 /// The same of what has been recorded so far, in which the key code 0 is none.
 [[nodiscard]] QStringList recordedShortcutKeys(const Hotkey& recorded);
 
+/// Whether a press of that key is recorded: Tab and Escape keep their effect, and a key that has no
+/// place on the keyboard isn't known by it.
+[[nodiscard]] bool isRecordable(int keyCode);
+
 /// Whether what has been recorded can be a hotkey: a key, other than that of code 0, and a
 /// modifier.
 [[nodiscard]] bool isValidShortcut(const Hotkey& recorded);
