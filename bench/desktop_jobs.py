@@ -15,7 +15,7 @@ from processes import wait_until  # noqa: E402
 STARTS = 21
 FIRST_SHOWS = 11
 MOST_MEMORY = 60  # megabytes
-PLACES = [("README.md", "<!-- figures: written by bench/run -->")]
+PLACES = [("docs/speed.md", "<!-- figures: written by bench/run -->")]
 
 
 class Row:
