@@ -2,6 +2,7 @@
 
 #include "Platform/Platform.h"
 #include "Services/CommandService.h"
+#include "Services/GlobalHotkeyManager.h"
 #include "Services/Input/InputServices.h"
 #include "Services/ObsidianService.h"
 #include "Services/SettingsService.h"
@@ -26,6 +27,7 @@ struct SharedServices {
     std::unique_ptr<TagIndexService> tagIndex;
     std::unique_ptr<ObsidianService> obsidian;
     std::unique_ptr<CommandService> command;
+    std::unique_ptr<GlobalHotkeyManager> globalHotkey;
 };
 
 SharedServices& services()
@@ -44,6 +46,7 @@ void installPlatform(const Platform& platform)
 void releaseSharedServices()
 {
     SharedServices& all = services();
+    all.globalHotkey.reset();
     all.command.reset();
     all.obsidian.reset();
     all.tagIndex.reset();
@@ -106,6 +109,16 @@ CommandService& CommandService::shared()
             std::make_unique<CommandService>(ObsidianService::shared(), SettingsService::shared(),
                                              ToastManager::shared(), all.platform->background);
     return *all.command;
+}
+
+GlobalHotkeyManager& GlobalHotkeyManager::shared()
+{
+    SharedServices& all = services();
+    if (!all.globalHotkey)
+        all.globalHotkey = std::make_unique<GlobalHotkeyManager>(
+            all.platform->hotkeys, SettingsService::shared(), all.platform->steadyClock,
+            all.platform->scheduler, ToastManager::shared());
+    return *all.globalHotkey;
 }
 
 InputServices InputServices::shared(Scheduler& scheduler)
