@@ -4,6 +4,7 @@
 #include "Services/CommandService.h"
 #include "Services/GlobalHotkeyManager.h"
 #include "Services/Input/InputServices.h"
+#include "Services/LaunchAtLoginManager.h"
 #include "Services/ObsidianService.h"
 #include "Services/SettingsService.h"
 #include "Services/TagIndexService.h"
@@ -28,6 +29,7 @@ struct SharedServices {
     std::unique_ptr<ObsidianService> obsidian;
     std::unique_ptr<CommandService> command;
     std::unique_ptr<GlobalHotkeyManager> globalHotkey;
+    std::unique_ptr<LaunchAtLoginManager> launchAtLogin;
 };
 
 SharedServices& services()
@@ -47,6 +49,7 @@ void releaseSharedServices()
 {
     SharedServices& all = services();
     all.globalHotkey.reset();
+    all.launchAtLogin.reset();
     all.command.reset();
     all.obsidian.reset();
     all.tagIndex.reset();
@@ -119,6 +122,15 @@ GlobalHotkeyManager& GlobalHotkeyManager::shared()
             all.platform->hotkeys, SettingsService::shared(), all.platform->steadyClock,
             all.platform->scheduler, ToastManager::shared());
     return *all.globalHotkey;
+}
+
+LaunchAtLoginManager& LaunchAtLoginManager::shared()
+{
+    SharedServices& all = services();
+    if (!all.launchAtLogin)
+        all.launchAtLogin = std::make_unique<LaunchAtLoginManager>(
+            all.platform->loginItem, all.platform->defaults, all.platform->scheduler);
+    return *all.launchAtLogin;
 }
 
 InputServices InputServices::shared(Scheduler& scheduler)
