@@ -14,8 +14,8 @@ struct AppcastItem {
     bool operator==(const AppcastItem&) const = default;
 };
 
-/// Who hears of what the updater finds. Called on the main thread, never inside a call of the
-/// updater's.
+/// Who hears of what the updater finds. Called on the main thread, and but for `feedURLString`
+/// never inside a call of the updater's.
 class UpdaterDelegate {
 public:
     virtual ~UpdaterDelegate() = default;
@@ -27,7 +27,10 @@ public:
     virtual void willInstallUpdate(const AppcastItem& item) = 0;
     virtual void failedToDownloadUpdate(const QString& description) = 0;
     /// The answer to `canCheckForUpdates` has changed.
-    virtual void canCheckForUpdatesChanged() = 0;
+    virtual void didChangeCanCheckForUpdates() = 0;
+
+    /// The https address of the feed, asked for at each check.
+    [[nodiscard]] virtual QString feedURLString() const = 0;
 };
 
 /// Reads the feed of versions and tells of one that is newer than the running program. Main thread
@@ -37,7 +40,7 @@ public:
     virtual ~Updater() = default;
 
     /// Begins to work, and to check by itself if that is wanted. `delegate` outlives the updater or
-    /// is replaced by another or none.
+    /// is replaced by another or none, without which nothing is checked.
     virtual void start(UpdaterDelegate* delegate) = 0;
     virtual void setAutomaticallyChecksForUpdates(bool checks) = 0;
     virtual void setAutomaticallyDownloadsUpdates(bool downloads) = 0;

@@ -7,6 +7,7 @@
 #include "Services/LaunchAtLoginManager.h"
 #include "Services/ObsidianService.h"
 #include "Services/SettingsService.h"
+#include "Services/SparkleUpdateManager.h"
 #include "Services/TagIndexService.h"
 #include "Services/TemplateSyncService.h"
 #include "Services/ToastManager.h"
@@ -30,6 +31,7 @@ struct SharedServices {
     std::unique_ptr<CommandService> command;
     std::unique_ptr<GlobalHotkeyManager> globalHotkey;
     std::unique_ptr<LaunchAtLoginManager> launchAtLogin;
+    std::unique_ptr<SparkleUpdateManager> updates;
 };
 
 SharedServices& services()
@@ -50,6 +52,7 @@ void releaseSharedServices()
     SharedServices& all = services();
     all.globalHotkey.reset();
     all.launchAtLogin.reset();
+    all.updates.reset();
     all.command.reset();
     all.obsidian.reset();
     all.tagIndex.reset();
@@ -131,6 +134,16 @@ LaunchAtLoginManager& LaunchAtLoginManager::shared()
         all.launchAtLogin = std::make_unique<LaunchAtLoginManager>(
             all.platform->loginItem, all.platform->defaults, all.platform->scheduler);
     return *all.launchAtLogin;
+}
+
+SparkleUpdateManager& SparkleUpdateManager::shared()
+{
+    SharedServices& all = services();
+    if (!all.updates)
+        all.updates =
+            std::make_unique<SparkleUpdateManager>(all.platform->updater, all.platform->workspace,
+                                                   all.platform->scheduler, ToastManager::shared());
+    return *all.updates;
 }
 
 InputServices InputServices::shared(Scheduler& scheduler)
