@@ -58,7 +58,9 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void setupHotkey();
     void startIndex();
+    void warnOfMissingPermission();
     void setupStatusItem();
     void setupNotifications();
     void setupFloatingWindow();

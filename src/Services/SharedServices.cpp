@@ -50,9 +50,9 @@ void installPlatform(const Platform& platform)
 void releaseSharedServices()
 {
     SharedServices& all = services();
-    all.updates.reset();
-    all.launchAtLogin.reset();
     all.globalHotkey.reset();
+    all.launchAtLogin.reset();
+    all.updates.reset();
     all.command.reset();
     all.obsidian.reset();
     all.tagIndex.reset();

@@ -42,6 +42,7 @@ void addContentOps(Operations& ops);
 void addIndexOps(Operations& ops, Session& session);
 void addEditorOps(Operations& ops, Session& session);
 void addTemplateSyncOps(Operations& ops);
+void addApplicationOps(Operations& ops, Session& session);
 void addWindowOps(Operations& ops, Session& session);
 
 } // namespace jotwell

@@ -1,5 +1,6 @@
 #include "driver/Session.h"
 
+#include "AppDelegate.h"
 #include "Services/CommandService.h"
 #include "Services/CommandTemplateManager.h"
 #include "Services/ObsidianService.h"
@@ -7,6 +8,7 @@
 #include "Services/TagIndexService.h"
 #include "Services/ToastManager.h"
 #include "Views/FloatingWindowView.h"
+#include "Views/LocalKeyMonitor.h"
 #include "driver/InputJson.h"
 
 #include <utility>
@@ -21,6 +23,7 @@ Session::Session(const QString& home) : m_platform(home, m_effects)
 
 Session::~Session()
 {
+    m_application.reset();
     m_window.reset();
     m_ownInput.reset();
     releaseSharedServices();
@@ -125,6 +128,31 @@ void Session::recordWindow()
             m_effects.recordNotification(QStringLiteral("ScrollToSelectedSearchResult"),
                                          QJsonValue(), userInfo);
         });
+}
+
+AppDelegate& Session::application()
+{
+    if (!m_application) {
+        toasts();
+        m_application = std::make_unique<AppDelegate>(
+            Desktop{m_desktop.door, m_desktop.statusItem, m_desktop.windows,
+                    m_desktop.terminationSignals},
+            m_platform.platform().scheduler, m_platform.platform().background);
+        recordApplication();
+    }
+    return *m_application;
+}
+
+void Session::recordApplication()
+{
+    const LocalKeyMonitor& keys = m_application->localKeyMonitor();
+    const auto recordToggle = [this] { m_effects.recordToggle(); };
+    QObject::connect(&keys, &LocalKeyMonitor::hideRequested, &keys, recordToggle);
+    QObject::connect(&keys, &LocalKeyMonitor::toggleRequested, &keys, recordToggle);
+    QObject::connect(&keys, &LocalKeyMonitor::insertCommand, &keys, [this](Command command) {
+        m_effects.recordNotification(QStringLiteral("InsertCommand"),
+                                     toJson(std::optional(command)), {});
+    });
 }
 
 void Session::setListening(bool isListening)
