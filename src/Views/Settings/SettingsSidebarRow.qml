@@ -14,6 +14,7 @@ PressableControl {
     verticalPadding: 8
     scalesOnHover: false
     scale: 1
+    isFocusShown: false // by a line within, as the row reaches to the window's edge
 
     Accessible.role: Accessible.ListItem
     Accessible.selectable: true
@@ -22,6 +23,8 @@ PressableControl {
     background: Rectangle {
         objectName: "rowBackground"
         color: row.isSelected ? Theme.accentTint : "transparent"
+        border.width: row.activeFocus ? 2 : 0
+        border.color: Theme.focusStroke
     }
 
     contentItem: Row {

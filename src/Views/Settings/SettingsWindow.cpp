@@ -12,7 +12,8 @@ namespace jotwell {
 
 namespace {
 
-constexpr QSize leastSize(640, 360);
+// No control lies on another in it.
+constexpr QSize leastSize(760, 360);
 
 } // namespace
 
@@ -38,8 +39,8 @@ void SettingsWindow::centre()
         return;
     setScreen(main);
     const QRect frame = main->availableGeometry();
-    const QSize size = contentSize.boundedTo(frame.size());
-    const QSize room = frame.size() - size;
+    const QSize size = contentSize.boundedTo(frame.size()).expandedTo(leastSize);
+    const QSize room = (frame.size() - size).expandedTo(QSize(0, 0));
     setGeometry({frame.topLeft() + QPoint(room.width() / 2, room.height() / 2), size});
 }
 

@@ -59,7 +59,7 @@ Item {
 
         Accessible.role: Accessible.StaticText
         Accessible.name: view.recorder.isWaiting ? prompt.text
-                                                 : Array.from(view.recorder.keys).map(KeyCaps.text).join(" ")
+                                                 : Array.from(view.recorder.keys).map(key => KeyCaps.text(key)).join(" ")
         Accessible.description: view.recorder.isRecording ? "Recording" : "Keyboard shortcut"
         Accessible.focusable: view.recorder.isRecording
 

@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Window
 import Jotwell
@@ -11,6 +9,7 @@ Rectangle {
     required property SettingsState view
 
     color: Theme.windowBackground
+    Component.onCompleted: sidebar.takeFocus()
 
     Binding {
         target: root.Window.window
@@ -33,7 +32,6 @@ Rectangle {
         objectName: "sidebar"
         width: 250
         view: root.view
-        Component.onCompleted: takeFocus()
     }
 
     Loader {
