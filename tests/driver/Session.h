@@ -12,6 +12,7 @@ namespace jotwell {
 class CommandService;
 class CommandTemplateState;
 class FloatingWindowView;
+class GlobalHotkeyManager;
 class ObsidianService;
 class TagIndexService;
 class ToastManager;
@@ -34,6 +35,7 @@ public:
     void stopIndex();
     ObsidianService& notes();
     CommandService& commands();
+    GlobalHotkeyManager& hotkey();
     /// The current input state; makes one if there is none.
     CommandTemplateState& input();
     /// Makes a fresh one the current one.
@@ -63,6 +65,7 @@ private:
     bool m_recordsIndex = false;
     bool m_recordsToasts = false;
     bool m_recordsCommands = false;
+    bool m_recordsHotkey = false;
 };
 
 } // namespace jotwell
