@@ -7,7 +7,15 @@ namespace jotwell {
 ScriptedClock::TimePoint ScriptedClock::now() const
 {
     const QMutexLocker lock(&m_mutex);
+    if (m_held)
+        return *m_held;
     return m_stopped.value_or(std::chrono::system_clock::now() + m_ahead);
+}
+
+void ScriptedClock::holdAt(std::optional<TimePoint> time)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_held = time;
 }
 
 void ScriptedClock::stopAt(std::optional<TimePoint> time)

@@ -30,9 +30,12 @@ public:
     void stopAt(std::optional<TimePoint> time);
     /// A stopped clock is stopped later, a running one runs ahead of the machine's.
     void advance(TimePoint::duration by);
+    /// Stands at `time`, whatever else it was told, until it is let go.
+    void holdAt(std::optional<TimePoint> time);
 
 private:
     mutable QMutex m_mutex;
+    std::optional<TimePoint> m_held;
     std::optional<TimePoint> m_stopped;
     TimePoint::duration m_ahead{0};
 };
