@@ -30,7 +30,7 @@ class Workspace;
 [[nodiscard]] std::unique_ptr<FolderWatcher> makeFolderWatcher();
 [[nodiscard]] std::unique_ptr<Workspace> makeWorkspace();
 [[nodiscard]] std::unique_ptr<HotkeyChannels> makeHotkeyChannels();
-[[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem();
+[[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem(FileCalls& files);
 [[nodiscard]] std::unique_ptr<Updater> makeUpdater();
 [[nodiscard]] std::unique_ptr<WindowSystem> makeWindowSystem();
 [[nodiscard]] std::unique_ptr<TerminationSignals> makeTerminationSignals();

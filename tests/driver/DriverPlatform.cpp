@@ -2,6 +2,8 @@
 
 #include "driver/EffectRecorder.h"
 
+#include <QCoreApplication>
+
 namespace jotwell {
 
 ScriptedClock::TimePoint ScriptedClock::now() const
@@ -43,6 +45,8 @@ DriverPlatform::DriverPlatform(const QString& home, EffectRecorder& effects)
     : m_home(home),
       m_defaults(home + QStringLiteral("/.driver/config/com.jotwell/Jotwell.ini"), m_files),
       m_workspace(effects),
+      m_loginItem({home + QStringLiteral("/.driver/config/autostart"), {}, {}},
+                  QCoreApplication::applicationFilePath(), m_files),
       m_platform{m_clock,     m_clock,     m_scheduler,
                  m_defaults,  m_files,     m_fileSystems,
                  m_folders,   m_workspace, m_hotkeys,

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Fakes/FakeHotkeyChannels.h"
-#include "Fakes/FakeLoginItem.h"
 #include "Fakes/FakeUpdater.h"
 #include "Platform/Clock.h"
 #include "Platform/Platform.h"
@@ -9,6 +8,7 @@
 #include "Platform/linux/InotifyFolderWatcher.h"
 #include "Platform/linux/LinuxFileSystems.h"
 #include "Platform/linux/PosixFileCalls.h"
+#include "Platform/linux/XdgLoginItem.h"
 #include "Platform/qt/IniDefaultsStore.h"
 #include "driver/ObservedScheduler.h"
 
@@ -78,7 +78,7 @@ private:
     RecordingWorkspace m_workspace;
     LinuxFileSystems m_fileSystems;
     FakeHotkeyChannels m_hotkeys;
-    FakeLoginItem m_loginItem;
+    XdgLoginItem m_loginItem;
     FakeUpdater m_updater;
     QThreadPool m_database;
     QThreadPool m_bulk;

@@ -5,16 +5,30 @@
 #include "Platform/linux/LinuxFileSystems.h"
 #include "Platform/linux/PcKeyNames.h"
 #include "Platform/linux/PortalAppearance.h"
+#include "Platform/linux/PortalLoginItem.h"
 #include "Platform/linux/PosixFileCalls.h"
 #include "Platform/linux/TrayStatusItem.h"
 #include "Platform/linux/UnixTerminationSignals.h"
 #include "Platform/linux/XcbWindowSystem.h"
+#include "Platform/linux/XdgLoginItem.h"
 #include "Platform/linux/XdgWorkspace.h"
 #include "Platform/none/NoHotkeyChannels.h"
-#include "Platform/none/NoLoginItem.h"
 #include "Platform/none/NoUpdater.h"
 
+#include <QFile>
+#include <QStandardPaths>
+
 namespace jotwell {
+
+namespace {
+
+QString portalAnswerFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/com.jotwell/LoginItem");
+}
+
+} // namespace
 
 std::unique_ptr<InstanceDoor> makeInstanceDoor()
 {
@@ -46,9 +60,13 @@ std::unique_ptr<HotkeyChannels> makeHotkeyChannels()
     return std::make_unique<NoHotkeyChannels>();
 }
 
-std::unique_ptr<LoginItem> makeLoginItem()
+std::unique_ptr<LoginItem> makeLoginItem(FileCalls& files)
 {
-    return std::make_unique<NoLoginItem>();
+    // From inside of a sandbox the user's autostart folder is out of reach.
+    if (QFile::exists(QStringLiteral("/.flatpak-info")))
+        return std::make_unique<PortalLoginItem>(portalAnswerFile(), files);
+    return std::make_unique<XdgLoginItem>(AutostartFolders::ofEnvironment(), startedProgram(),
+                                          files);
 }
 
 std::unique_ptr<Updater> makeUpdater()
