@@ -1,5 +1,6 @@
 #include "Platform/NativeParts.h"
 
+#include "Platform/BuildSettings.h"
 #include "Platform/linux/DBusInstanceDoor.h"
 #include "Platform/linux/InotifyFolderWatcher.h"
 #include "Platform/linux/LinuxFileSystems.h"
@@ -13,8 +14,31 @@
 #include "Platform/none/NoHotkeyChannels.h"
 #include "Platform/none/NoLoginItem.h"
 #include "Platform/none/NoUpdater.h"
+#include "Platform/qt/Updates/Appcast.h"
+#include "Platform/qt/Updates/FeedUpdater.h"
+
+#include <QDir>
+#include <QFile>
 
 namespace jotwell {
+
+namespace {
+
+// Where a user's programs keep what outlives a run and is of no worth: the standard has a variable
+// for it, and Qt has no name for that before 6.7.
+QString stateFolder()
+{
+    const QString named = qEnvironmentVariable("XDG_STATE_HOME");
+    return QDir::isAbsolutePath(named) ? named : QDir::homePath() + QStringLiteral("/.local/state");
+}
+
+// A sandbox is kept up to date from outside.
+bool isInSandbox()
+{
+    return QFile::exists(QStringLiteral("/.flatpak-info"));
+}
+
+} // namespace
 
 std::unique_ptr<InstanceDoor> makeInstanceDoor()
 {
@@ -51,9 +75,15 @@ std::unique_ptr<LoginItem> makeLoginItem()
     return std::make_unique<NoLoginItem>();
 }
 
-std::unique_ptr<Updater> makeUpdater()
+std::unique_ptr<Updater> makeUpdater(const Clock& clock, Scheduler& scheduler, FileCalls& files)
 {
-    return std::make_unique<NoUpdater>();
+    const auto key =
+        FeedKey::fromBase64(QByteArray(build::updateKey.data(), build::updateKey.size()));
+    if (!key || isInSandbox())
+        return std::make_unique<NoUpdater>();
+    return std::make_unique<FeedUpdater>(
+        FeedRules{*key, versionNumber(build::version), QStringLiteral("linux")}, clock, scheduler,
+        files, stateFolder() + QStringLiteral("/com.jotwell/LastUpdateCheck"));
 }
 
 std::unique_ptr<WindowSystem> makeWindowSystem()
