@@ -7,6 +7,7 @@
 
 namespace jotwell {
 
+class Clock;
 class DesktopAppearance;
 class FileCalls;
 class FileSystems;
@@ -15,6 +16,7 @@ class HotkeyChannels;
 class InstanceDoor;
 class KeyNames;
 class LoginItem;
+class Scheduler;
 class StatusItem;
 class TerminationSignals;
 class Updater;
@@ -32,6 +34,10 @@ class Workspace;
 [[nodiscard]] std::unique_ptr<HotkeyChannels> makeHotkeyChannels();
 [[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem(FileCalls& files);
 [[nodiscard]] std::unique_ptr<Updater> makeUpdater();
+[[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem();
+/// What is named here outlives the updater.
+[[nodiscard]] std::unique_ptr<Updater> makeUpdater(const Clock& clock, Scheduler& scheduler,
+                                                   FileCalls& files);
 [[nodiscard]] std::unique_ptr<WindowSystem> makeWindowSystem();
 [[nodiscard]] std::unique_ptr<TerminationSignals> makeTerminationSignals();
 [[nodiscard]] std::unique_ptr<DesktopAppearance> makeDesktopAppearance();

@@ -1,5 +1,6 @@
 #include "Platform/NativeParts.h"
 
+#include "Platform/BuildSettings.h"
 #include "Platform/linux/DBusInstanceDoor.h"
 #include "Platform/linux/InotifyFolderWatcher.h"
 #include "Platform/linux/LinuxFileSystems.h"
@@ -14,6 +15,11 @@
 #include "Platform/linux/XdgWorkspace.h"
 #include "Platform/none/NoHotkeyChannels.h"
 #include "Platform/none/NoUpdater.h"
+#include "Platform/qt/Updates/Appcast.h"
+#include "Platform/qt/Updates/FeedUpdater.h"
+
+#include <QDir>
+#include <QFile>
 
 #include <QFile>
 #include <QStandardPaths>
@@ -26,6 +32,18 @@ QString portalAnswerFile()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
            QStringLiteral("/com.jotwell/LoginItem");
+// Where a user's programs keep what outlives a run and is of no worth: the standard has a variable
+// for it, and Qt has no name for that before 6.7.
+QString stateFolder()
+{
+    const QString named = qEnvironmentVariable("XDG_STATE_HOME");
+    return QDir::isAbsolutePath(named) ? named : QDir::homePath() + QStringLiteral("/.local/state");
+}
+
+// A sandbox is kept up to date from outside.
+bool isInSandbox()
+{
+    return QFile::exists(QStringLiteral("/.flatpak-info"));
 }
 
 } // namespace
@@ -69,9 +87,15 @@ std::unique_ptr<LoginItem> makeLoginItem(FileCalls& files)
                                           files);
 }
 
-std::unique_ptr<Updater> makeUpdater()
+std::unique_ptr<Updater> makeUpdater(const Clock& clock, Scheduler& scheduler, FileCalls& files)
 {
-    return std::make_unique<NoUpdater>();
+    const auto key =
+        FeedKey::fromBase64(QByteArray(build::updateKey.data(), build::updateKey.size()));
+    if (!key || isInSandbox())
+        return std::make_unique<NoUpdater>();
+    return std::make_unique<FeedUpdater>(
+        FeedRules{*key, versionNumber(build::version), QStringLiteral("linux")}, clock, scheduler,
+        files, stateFolder() + QStringLiteral("/com.jotwell/LastUpdateCheck"));
 }
 
 std::unique_ptr<WindowSystem> makeWindowSystem()
