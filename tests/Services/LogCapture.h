@@ -24,8 +24,6 @@ public:
     [[nodiscard]] QStringList infos() const { return messages(LogRecord::Level::info); }
     [[nodiscard]] QStringList errors() const { return messages(LogRecord::Level::error); }
     [[nodiscard]] QStringList prints() const { return messages(LogRecord::Level::print); }
-    /// The plain lines.
-    [[nodiscard]] QStringList lines() const { return messages(LogRecord::Level::print); }
     void clear()
     {
         const QMutexLocker lock(&m_mutex);

@@ -15,23 +15,17 @@
 #include "Platform/linux/XdgWorkspace.h"
 #include "Platform/none/NoHotkeyChannels.h"
 #include "Platform/none/NoUpdater.h"
+#include "Platform/qt/QtFolderPanel.h"
 #include "Platform/qt/Updates/Appcast.h"
 #include "Platform/qt/Updates/FeedUpdater.h"
 
 #include <QDir>
 #include <QFile>
 
-#include <QFile>
-#include <QStandardPaths>
-
 namespace jotwell {
 
 namespace {
 
-QString portalAnswerFile()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/com.jotwell/LoginItem");
 // Where a user's programs keep what outlives a run and is of no worth: the standard has a variable
 // for it, and Qt has no name for that before 6.7.
 QString stateFolder()
@@ -40,7 +34,11 @@ QString stateFolder()
     return QDir::isAbsolutePath(named) ? named : QDir::homePath() + QStringLiteral("/.local/state");
 }
 
-// A sandbox is kept up to date from outside.
+QString stateFile(const QString& name)
+{
+    return stateFolder() + QStringLiteral("/com.jotwell/") + name;
+}
+
 bool isInSandbox()
 {
     return QFile::exists(QStringLiteral("/.flatpak-info"));
@@ -81,8 +79,8 @@ std::unique_ptr<HotkeyChannels> makeHotkeyChannels()
 std::unique_ptr<LoginItem> makeLoginItem(FileCalls& files)
 {
     // From inside of a sandbox the user's autostart folder is out of reach.
-    if (QFile::exists(QStringLiteral("/.flatpak-info")))
-        return std::make_unique<PortalLoginItem>(portalAnswerFile(), files);
+    if (isInSandbox())
+        return std::make_unique<PortalLoginItem>(stateFile(QStringLiteral("LoginItem")), files);
     return std::make_unique<XdgLoginItem>(AutostartFolders::ofEnvironment(), startedProgram(),
                                           files);
 }
@@ -91,11 +89,16 @@ std::unique_ptr<Updater> makeUpdater(const Clock& clock, Scheduler& scheduler, F
 {
     const auto key =
         FeedKey::fromBase64(QByteArray(build::updateKey.data(), build::updateKey.size()));
-    if (!key || isInSandbox())
+    if (!key || isInSandbox()) // a sandbox is kept up to date from outside
         return std::make_unique<NoUpdater>();
     return std::make_unique<FeedUpdater>(
         FeedRules{*key, versionNumber(build::version), QStringLiteral("linux")}, clock, scheduler,
-        files, stateFolder() + QStringLiteral("/com.jotwell/LastUpdateCheck"));
+        files, stateFile(QStringLiteral("LastUpdateCheck")));
+}
+
+std::unique_ptr<FolderPanel> makeFolderPanel()
+{
+    return std::make_unique<QtFolderPanel>();
 }
 
 std::unique_ptr<WindowSystem> makeWindowSystem()
