@@ -6,6 +6,7 @@
 #include "Platform/TerminationSignals.h"
 #include "Services/CommandService.h"
 #include "Services/GlobalHotkeyManager.h"
+#include "Services/LaunchAtLoginManager.h"
 #include "Services/SettingsService.h"
 #include "Services/SparkleUpdateManager.h"
 #include "Services/TagIndexService.h"
@@ -16,6 +17,7 @@
 #include "Views/FloatingWindow.h"
 #include "Views/FloatingWindowView.h"
 #include "Views/LocalKeyMonitor.h"
+#include "Views/Settings/SettingsWindowController.h"
 
 #include <QDeadlineTimer>
 #include <QEvent>
@@ -155,7 +157,21 @@ void AppDelegate::showOnboarding()
     toggleFloatingWindow();
 }
 
-void AppDelegate::showSettings() {}
+void AppDelegate::showSettings()
+{
+    showSettingsWithTab(QStringLiteral("globalHotkey"));
+}
+
+void AppDelegate::showSettingsWithTab(const QString& tab)
+{
+    if (!m_settingsWindow) {
+        const SettingsServices services{m_settings, GlobalHotkeyManager::shared(),
+                                        LaunchAtLoginManager::shared(),
+                                        SparkleUpdateManager::shared(), m_scheduler};
+        m_settingsWindow = std::make_unique<SettingsWindowController>(services, m_desktop.windows);
+    }
+    m_settingsWindow->showSettingsWithTab(tab);
+}
 
 void AppDelegate::refreshMenuBar()
 {

@@ -34,6 +34,7 @@ void addDefaultsOps(Operations& ops, Session& session);
 void addSettingsOps(Operations& ops);
 void addPanelOps(Operations& ops, Session& session);
 void addRecordOps(Operations& ops);
+void addRecorderOps(Operations& ops, Session& session);
 void addToastOps(Operations& ops, Session& session);
 void addNoteOps(Operations& ops, Session& session);
 void addCommandOps(Operations& ops, Session& session);

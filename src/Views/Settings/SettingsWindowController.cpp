@@ -27,8 +27,6 @@ void SettingsWindowController::open(const QString& tab)
     m_open = std::make_unique<Open>();
     m_open->view = std::make_unique<SimpleSettingsView>(m_services, m_windowSystem, tab);
     m_open->window = std::make_unique<SettingsWindow>(*m_open->view, m_windowSystem);
-    connect(m_open->view->globalHotkey()->recorder(), &ShortcutRecorderView::globalHotkeyChanged,
-            this, &SettingsWindowController::globalHotkeyChanged);
     connect(m_open->window.get(), &SettingsWindow::willClose, this,
             &SettingsWindowController::windowWillClose);
 }

@@ -27,10 +27,6 @@ public:
         return m_open ? m_open->window.get() : nullptr;
     }
 
-signals:
-    /// The user has saved another hotkey.
-    void globalHotkeyChanged();
-
 private:
     struct Open {
         std::unique_ptr<SimpleSettingsView> view;
