@@ -6,8 +6,8 @@ set -euo pipefail
 declare -A packages
 packages[build]="
     cmake g++ git ninja-build pkg-config
-    libgmock-dev libgtest-dev libicu-dev libsqlite3-dev libxcb1-dev libxcb-shape0-dev
-    libxcb-xfixes0-dev libxkbcommon-dev libxxhash-dev
+    libgmock-dev libgtest-dev libicu-dev libsodium-dev libsqlite3-dev libxcb1-dev
+    libxcb-shape0-dev libxcb-xfixes0-dev libxkbcommon-dev libxxhash-dev
     qcoro-qt6-dev qt6-base-dev qt6-base-dev-tools qt6-svg-dev
     qt6-declarative-dev qt6-declarative-dev-tools"
 packages[run]="
@@ -17,9 +17,9 @@ packages[run]="
     qml6-module-qtquick-templates qml6-module-qtquick-window"
 # Checks of the sources, and a desktop without a screen.
 packages[test]="
-    clang-format shellcheck qml6-module-qttest
+    clang-format desktop-file-utils libglib2.0-bin shellcheck qml6-module-qttest
     python3 python3-dbus python3-dbusmock python3-gi
-    at-spi2-core dbus imagemagick libfaketime openbox picom trayer
+    at-spi2-core dbus imagemagick libfaketime openbox openssl picom trayer
     x11-xserver-utils xdotool xvfb"
 packages[tidy]="clang clang-tidy"
 packages[fuzz]="clang libclang-rt-dev"

@@ -40,6 +40,7 @@ void addNoteOps(Operations& ops, Session& session);
 void addCommandOps(Operations& ops, Session& session);
 void addInputOps(Operations& ops, Session& session);
 void addContentOps(Operations& ops);
+void addHotkeyOps(Operations& ops, Session& session);
 void addIndexOps(Operations& ops, Session& session);
 void addEditorOps(Operations& ops, Session& session);
 void addTemplateSyncOps(Operations& ops);

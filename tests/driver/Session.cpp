@@ -3,6 +3,7 @@
 #include "AppDelegate.h"
 #include "Services/CommandService.h"
 #include "Services/CommandTemplateManager.h"
+#include "Services/GlobalHotkeyManager.h"
 #include "Services/ObsidianService.h"
 #include "Services/SharedServices.h"
 #include "Services/TagIndexService.h"
@@ -69,6 +70,18 @@ CommandService& Session::commands()
     if (!std::exchange(m_recordsCommands, true))
         setListening(true);
     return CommandService::shared();
+}
+
+GlobalHotkeyManager& Session::hotkey()
+{
+    toasts(); // it would make them itself
+    GlobalHotkeyManager& manager = GlobalHotkeyManager::shared();
+    if (!std::exchange(m_recordsHotkey, true)) {
+        manager.setHotkeyHandler([this] { m_effects.recordHotkey(); });
+        QObject::connect(&manager, &GlobalHotkeyManager::hotkeyUpdated, &manager,
+                         [this] { m_effects.recordMenuRefresh(); });
+    }
+    return manager;
 }
 
 CommandTemplateState& Session::input()

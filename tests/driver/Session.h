@@ -14,6 +14,7 @@ class AppDelegate;
 class CommandService;
 class CommandTemplateState;
 class FloatingWindowView;
+class GlobalHotkeyManager;
 class ObsidianService;
 class TagIndexService;
 class ToastManager;
@@ -36,6 +37,7 @@ public:
     void stopIndex();
     ObsidianService& notes();
     CommandService& commands();
+    GlobalHotkeyManager& hotkey();
     /// The current input state; makes one if there is none.
     CommandTemplateState& input();
     /// Makes a fresh one the current one.
@@ -72,6 +74,7 @@ private:
     bool m_recordsIndex = false;
     bool m_recordsToasts = false;
     bool m_recordsCommands = false;
+    bool m_recordsHotkey = false;
 };
 
 } // namespace jotwell
