@@ -123,7 +123,7 @@ int show(const Options& options)
     if (window.status() != QQuickView::Ready)
         return 1;
     window.resize(options.size.isValid() ? options.size : SettingsWindow::contentSize);
-    window.show();
+    window.makeKeyAndOrderFront();
     if (!options.screenshot.isEmpty())
         takeScreenshot(window, options.screenshot);
     return QGuiApplication::exec();

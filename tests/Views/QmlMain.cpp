@@ -1,5 +1,6 @@
 #include "Views/IndexBench.h"
 #include "Views/ListsBench.h"
+#include "Views/Settings/SettingsBench.h"
 #include "Views/ShortcutsBench.h"
 #include "Views/ViewBench.h"
 #include "Views/ViewResources.h"
@@ -24,6 +25,7 @@ public slots:
         jotwell::installViewResources(*engine);
         qmlRegisterType<jotwell::IndexBench>("JotwellTest", 1, 0, "IndexBench");
         qmlRegisterType<jotwell::ShortcutsBench>("JotwellTest", 1, 0, "ShortcutsBench");
+        qmlRegisterType<jotwell::SettingsBench>("JotwellTest", 1, 0, "SettingsBench");
         qmlRegisterType<jotwell::ListsBench>("JotwellTest", 1, 0, "ListsBench");
         qmlRegisterType<jotwell::ViewBench>("JotwellTest", 1, 0, "ViewBench");
     }

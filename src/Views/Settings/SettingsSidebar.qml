@@ -28,8 +28,7 @@ Column {
     }
 
     function takeFocus(): void {
-        const entry = rows.itemAt(view.selectedRow) as SidebarEntry
-        entry?.takeFocus()
+        rows.itemAt(view.selectedRow).takeFocus()
     }
 
     component SidebarEntry: Column {

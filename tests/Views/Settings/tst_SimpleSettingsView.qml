@@ -1,0 +1,265 @@
+import QtQuick
+import QtTest
+import Jotwell
+import JotwellTest
+
+// The settings window's content: the sidebar and its screens.
+TestCase {
+    id: testCase
+
+    name: "SimpleSettingsView"
+    when: windowShown
+    width: 900
+    height: 600
+    visible: true
+
+    Component {
+        id: benchComponent
+        SettingsBench {}
+    }
+
+    Component {
+        id: settingsComponent
+        SimpleSettingsView { anchors.fill: parent }
+    }
+
+    property var bench
+    property var settings
+
+    function init() {
+        bench = benchComponent.createObject(testCase)
+        settings = settingsComponent.createObject(testCase, { view: bench.view })
+        mouseMove(testCase, 450, 590)
+    }
+
+    function cleanup() {
+        settings.destroy()
+        bench.destroy()
+        wait(0)
+    }
+
+    function part(name) {
+        return findChild(settings, name)
+    }
+
+    function row(index) {
+        return part("row" + index)
+    }
+
+    function detail() {
+        return part("detail").item
+    }
+
+    function texts() {
+        const found = []
+        const search = item => {
+            if (item.visible && item instanceof Text)
+                found.push(item.text)
+            Array.from(item.children).forEach(search)
+        }
+        search(detail())
+        return found
+    }
+
+    function show(index) {
+        mouseClick(row(index))
+        verify(row(index).isSelected)
+    }
+
+    function verifyColor(actual, expected) {
+        verify(Qt.colorEqual(actual, expected), actual + " isn't " + expected)
+    }
+
+    function test_sidebar_measures() {
+        compare(part("sidebar").width, 250)
+        compare(detail().mapToItem(settings, 0, 0).x, 250)
+        const heading = part("heading")
+        compare(heading.text, "GENERAL")
+        compare(heading.font.pixelSize, Theme.captionFontSize)
+        compare(heading.font.weight, Font.Medium)
+        verifyColor(heading.color, Theme.secondaryText)
+        compare([heading.leftPadding, heading.topPadding, heading.bottomPadding], [16, 20, 4])
+        compare(row(0).width, 250)
+        compare(row(0).contentItem.mapToItem(row(0), 0, 0), Qt.point(16, 8))
+        const [symbol, title] = row(0).contentItem.children
+        compare(symbol.fontSize, Theme.title2FontSize)
+        compare(title.x, symbol.width + 12)
+        compare(title.font.pixelSize, Theme.bodyFontSize)
+        verifyColor(title.color, Theme.text)
+    }
+
+    function test_selected_row_is_tinted() {
+        const grounds = () => [0, 1, 2].map(index => findChild(row(index), "rowBackground").color)
+        verifyColor(grounds()[0], Qt.alpha(Theme.accent, 0.1))
+        verifyColor(grounds()[1], "transparent")
+        show(2)
+        verifyColor(grounds()[0], "transparent")
+        verifyColor(grounds()[2], Qt.alpha(Theme.accent, 0.1))
+    }
+
+    function test_each_entry_has_its_screen() {
+        verify(texts().includes("Global Hotkey"))
+        show(1)
+        compare(bench.view.selectedItem, "softwareUpdates")
+        verify(texts().includes("Updates"))
+        show(2)
+        verify(texts().includes("Other Settings"))
+        show(0)
+        verify(texts().includes("Keyboard Shortcut"))
+    }
+
+    function test_arrows_work_the_sidebar() {
+        verify(row(0).activeFocus)
+        keyClick(Qt.Key_Down)
+        compare(bench.view.selectedItem, "softwareUpdates")
+        verify(row(1).activeFocus)
+        compare(findChild(row(1), "rowBackground").border.width, 2)
+        keyClick(Qt.Key_End)
+        compare(bench.view.selectedItem, "other")
+        keyClick(Qt.Key_Down)
+        compare(bench.view.selectedItem, "other")
+        keyClick(Qt.Key_Home)
+        compare(bench.view.selectedItem, "globalHotkey")
+        keyClick(Qt.Key_Up)
+        compare(bench.view.selectedItem, "globalHotkey")
+        verify(row(0).activeFocus)
+    }
+
+    function test_tab_goes_once_through_the_sidebar_and_then_the_screen() {
+        show(1)
+        row(1).forceActiveFocus(Qt.TabFocusReason)
+        const stops = ["checksAutomatically", "downloadsAutomatically", "checkNow", "row1"]
+        for (const name of stops) {
+            keyClick(Qt.Key_Tab)
+            verify(part(name).activeFocus, name)
+        }
+        keyClick(Qt.Key_Backtab, Qt.ShiftModifier)
+        verify(part("checkNow").activeFocus)
+    }
+
+    function test_accessible_sidebar() {
+        compare(part("sidebar").Accessible.role, Accessible.List)
+        compare(row(1).Accessible.role, Accessible.ListItem)
+        compare(row(1).Accessible.name, "Updates")
+        verify(!row(1).Accessible.selected)
+        row(1).Accessible.pressAction()
+        verify(row(1).Accessible.selected)
+    }
+
+    function test_card() {
+        const card = part("card")
+        compare(card.radius, 12)
+        verifyColor(card.color, Theme.controlBackground)
+        compare(card.mapToItem(settings, 0, 0), Qt.point(250 + 16, 8))
+        compare(card.width, 900 - 250 - 2 * 16)
+    }
+
+    function test_status_follows_the_permission() {
+        compare(part("statusText").text, "Requires the accessability permission")
+        verifyColor(part("statusDot").color, Qt.rgba(0.545, 0.424, 0.933, 1))
+        verify(part("openSettings").visible)
+        verify(part("instructions").visible)
+        verifyColor(part("instructions").color, Qt.alpha(Theme.accent, 0.1))
+        mouseClick(part("openSettings"))
+        compare(bench.prompts, 1)
+        bench.isTrusted = true
+        bench.advance(2000)
+        compare(part("statusText").text, "Active")
+        verifyColor(part("statusDot").color, Theme.systemGreen)
+        verify(!part("openSettings").visible)
+        verify(!part("instructions").visible)
+    }
+
+    function test_instructions() {
+        const shown = texts()
+        for (const text of ["To enable the global hotkey:",
+                            "1. Open the system settings using the button above",
+                            "2. In the Accessability Settings  grant the app permissions with a toggle",
+                            "3. Restart the app."])
+            verify(shown.includes(text), text)
+    }
+
+    function test_low_window_shows_what_has_the_keyboard() {
+        settings.anchors.fill = undefined
+        settings.width = 760
+        settings.height = 160
+        const page = detail()
+        tryVerify(() => page.interactive)
+        part("openSettings").forceActiveFocus(Qt.TabFocusReason)
+        const top = part("openSettings").mapToItem(page, 0, 0).y
+        verify(top >= 0 && top + part("openSettings").height <= page.height, top)
+        part("recordButton").forceActiveFocus(Qt.TabFocusReason)
+        verify(part("recordButton").mapToItem(page, 0, 0).y >= 0)
+    }
+
+    function test_updates_at_rest() {
+        show(1)
+        verify(!part("news").visible)
+        verify(!part("hint").visible)
+        verify(part("checksAutomatically").isChecked)
+        verify(part("downloadsAutomatically").isChecked)
+        verify(!part("checkNow").isDisabled)
+        mouseClick(part("checkNow"))
+        compare(bench.backgroundChecks, 1)
+        bench.setCanCheckForUpdates(false)
+        verify(part("checkNow").isDisabled)
+        mouseClick(part("checkNow"))
+        compare(bench.backgroundChecks, 1)
+    }
+
+    function test_found_update_is_told() {
+        show(1)
+        bench.findUpdate("2.1")
+        verify(part("news").visible)
+        verify(part("hint").visible)
+        const shown = texts()
+        for (const text of ["Update Available", "(v2.1)",
+                            "A new version is available! Click 'Download Update' to get the latest version."])
+            verify(shown.includes(text), text)
+        const news = part("news")
+        compare(news.mapToItem(part("card"), 0, 0).x + news.width, part("card").width - 24)
+        compare(part("newsDot").width, 8)
+        bench.findUpdate("2.1-" + "x".repeat(500))
+        verify(news.mapToItem(part("card"), 0, 0).x > 24)
+    }
+
+    function test_downloads_wait_for_checks() {
+        show(1)
+        mouseClick(part("checksAutomatically"))
+        verify(!part("checksAutomatically").isChecked)
+        verify(part("downloadsAutomatically").isDisabled)
+        verify(part("downloadsAutomatically").isChecked)
+        mouseClick(part("downloadsAutomatically"))
+        verify(part("downloadsAutomatically").isChecked)
+        mouseClick(part("checksAutomatically"))
+        verify(!part("downloadsAutomatically").isDisabled)
+        mouseClick(part("downloadsAutomatically"))
+        verify(!part("downloadsAutomatically").isChecked)
+    }
+
+    function test_launch_at_login() {
+        show(2)
+        const box = part("launchAtLogin")
+        compare(box.label, "Launch at Login")
+        verify(texts().includes("Start Jotwell automatically when you log in to your Mac."))
+        verify(!box.isChecked)
+        mouseClick(box)
+        verify(bench.startsAtLogin)
+        verify(box.isChecked)
+        bench.advance(500)
+        verify(box.isChecked)
+        mouseClick(box)
+        verify(!bench.startsAtLogin)
+        verify(!box.isChecked)
+    }
+
+    function test_refused_launch_at_login_jumps_back() {
+        show(2)
+        const box = part("launchAtLogin")
+        bench.refuseLoginItem()
+        mouseClick(box)
+        bench.advance(0)
+        verify(!box.isChecked)
+        verify(!bench.startsAtLogin)
+    }
+}
