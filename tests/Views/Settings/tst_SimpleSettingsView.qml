@@ -81,7 +81,7 @@ TestCase {
         compare([heading.leftPadding, heading.topPadding, heading.bottomPadding], [16, 20, 4])
         compare(row(0).width, 250)
         compare(row(0).contentItem.mapToItem(row(0), 0, 0), Qt.point(16, 8))
-        const [symbol, title] = row(0).contentItem.children
+        const [symbol, title] = Array.from(row(0).contentItem.children)
         compare(symbol.fontSize, Theme.title2FontSize)
         compare(title.x, symbol.width + 12)
         compare(title.font.pixelSize, Theme.bodyFontSize)
@@ -125,9 +125,18 @@ TestCase {
         verify(row(0).activeFocus)
     }
 
+    function test_click_leaves_the_keyboard_where_it_is() {
+        show(1)
+        part("checkNow").forceActiveFocus(Qt.TabFocusReason)
+        mouseClick(row(1))
+        verify(part("checkNow").activeFocus)
+        show(2)
+        verify(!row(2).activeFocus)
+    }
+
     function test_tab_goes_once_through_the_sidebar_and_then_the_screen() {
         show(1)
-        row(1).forceActiveFocus(Qt.TabFocusReason)
+        verify(row(1).activeFocus)
         const stops = ["checksAutomatically", "downloadsAutomatically", "checkNow", "row1"]
         for (const name of stops) {
             keyClick(Qt.Key_Tab)
