@@ -6,6 +6,7 @@
 #include "Platform/TerminationSignals.h"
 #include "StatusMenu.h"
 #include "Services/CommandService.h"
+#include "Services/GlobalHotkeyManager.h"
 #include "Services/SettingsService.h"
 #include "Services/TagIndexService.h"
 #include "Services/TemplateSyncService.h"
@@ -50,6 +51,7 @@ void AppDelegate::applicationDidFinishLaunching()
     setupTermination();
     if (!m_settings.onboardingCompleted())
         showOnboarding();
+    GlobalHotkeyManager::shared().setHotkeyHandler([this] { toggleFloatingWindow(); });
     startIndex();
     setupStatusItem();
     setupNotifications();

@@ -3,6 +3,7 @@
 #include "Platform/linux/DBusInstanceDoor.h"
 #include "Platform/linux/InotifyFolderWatcher.h"
 #include "Platform/linux/LinuxFileSystems.h"
+#include "Platform/linux/LinuxHotkeyChannels.h"
 #include "Platform/linux/PcKeyNames.h"
 #include "Platform/linux/PortalAppearance.h"
 #include "Platform/linux/PosixFileCalls.h"
@@ -10,7 +11,6 @@
 #include "Platform/linux/UnixTerminationSignals.h"
 #include "Platform/linux/XcbWindowSystem.h"
 #include "Platform/linux/XdgWorkspace.h"
-#include "Platform/none/NoHotkeyChannels.h"
 #include "Platform/none/NoLoginItem.h"
 #include "Platform/none/NoUpdater.h"
 
@@ -43,7 +43,7 @@ std::unique_ptr<Workspace> makeWorkspace()
 
 std::unique_ptr<HotkeyChannels> makeHotkeyChannels()
 {
-    return std::make_unique<NoHotkeyChannels>();
+    return std::make_unique<LinuxHotkeyChannels>();
 }
 
 std::unique_ptr<LoginItem> makeLoginItem()

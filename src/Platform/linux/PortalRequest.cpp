@@ -1,0 +1,82 @@
+#include "Platform/linux/PortalRequest.h"
+
+#include "Platform/linux/DesktopPortal.h"
+
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+
+#include <utility>
+
+namespace jotwell {
+
+namespace {
+
+const QString interface = QStringLiteral("org.freedesktop.portal.Request");
+
+} // namespace
+
+PortalRequest::PortalRequest(const QDBusConnection& bus, QString token) : m_bus(bus)
+{
+    const QString sender = m_bus.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
+    m_path = QStringLiteral("%1/request/%2/%3").arg(DesktopPortal::path, sender, token);
+}
+
+// Listens first: the answer may come before the reply that tells of its object.
+void PortalRequest::call(const QDBusMessage& question, Answered answered)
+{
+    m_answered = std::move(answered);
+    listenAt(m_path);
+    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        called(watcher->reply());
+    });
+}
+
+void PortalRequest::abandon()
+{
+    if (!std::exchange(m_answered, {}))
+        return;
+    auto message = QDBusMessage::createMethodCall(DesktopPortal::service, m_path, interface,
+                                                  QStringLiteral("Close"));
+    message.setAutoStartService(false);
+    m_bus.send(message);
+}
+
+void PortalRequest::listenAt(const QString& path)
+{
+    m_bus.connect(DesktopPortal::service, path, interface, QStringLiteral("Response"), this,
+                  SLOT(responded(uint, QVariantMap)));
+}
+
+// A portal of old chooses a path of its own.
+void PortalRequest::called(const QDBusMessage& reply)
+{
+    if (reply.type() == QDBusMessage::ErrorMessage) {
+        finish(Outcome::failed, {});
+        return;
+    }
+    const QString path = reply.arguments().value(0).value<QDBusObjectPath>().path();
+    if (path.isEmpty() || path == m_path)
+        return;
+    m_path = path;
+    listenAt(m_path);
+}
+
+void PortalRequest::responded(uint response, const QVariantMap& results)
+{
+    constexpr uint success = 0;
+    constexpr uint refusedByUser = 1;
+    finish(response == success         ? Outcome::granted
+           : response == refusedByUser ? Outcome::denied
+                                       : Outcome::failed,
+           results);
+}
+
+void PortalRequest::finish(Outcome outcome, const QVariantMap& results)
+{
+    if (const Answered answered = std::exchange(m_answered, {}))
+        answered(outcome, results);
+}
+
+} // namespace jotwell
