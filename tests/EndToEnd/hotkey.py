@@ -1,12 +1,14 @@
 """The global hotkey, pressed while another program has the keyboard."""
 
 import contextlib
+import ctypes
 import time
 import unittest
 
 from processes import wait_until
 from windows import capturing as capturing_window
 
+CTRL, ALT, SUPER, A, B = 37, 64, 133, 38, 56  # the codes of their places
 PRESSES = 1000
 PRESSES_SECONDS = 10
 REFUSED = "jotwell: The hotkey Ctrl+Alt+B belongs to another program"
@@ -70,22 +72,20 @@ class Grab(unittest.TestCase):
                 self.press_place(window)
 
     def press_place(self, window):
-        """By key codes, whatever the layout has there: Ctrl, Alt, and the fifth of the last row."""
-        for is_shown in True, False:
-            window.desktop.ask("xdotool", "keydown", "37", "keydown", "64", "key", "56", "keyup",
-                               "64", "keyup", "37")
-            if is_shown:
-                window.desktop.wait_for_window()
-            else:
-                window.desktop.wait_for_no_window()
-            time.sleep(0.15)
+        """The hotkey by its places, whatever the layout has there."""
+        press_places(window.desktop, CTRL, ALT, B)
+        window.desktop.wait_for_window()
+        time.sleep(0.15)
+        press_places(window.desktop, CTRL, ALT, B)
+        window.desktop.wait_for_no_window()
+        time.sleep(0.15)
 
     def test_second_layout_that_is_switched_to(self):
         with capturing() as window:
-            window.desktop.ask("setxkbmap", "us,ru", "-option", "grp:menu_toggle")
+            window.desktop.ask("setxkbmap", "us,ru")
             time.sleep(0.3)
-            window.desktop.press("Menu")  # that key switches now
-            window.desktop.ask("xdotool", "key", "38")
+            switch_to_second_layout(window.desktop)
+            press_places(window.desktop, A)
             wait_until(lambda: "Cyrillic_ef" in window.desktop.other.keys(), "the second layout")
             self.press_place(window)
 
@@ -93,9 +93,7 @@ class Grab(unittest.TestCase):
         with capturing() as window:
             window.desktop.ask("setxkbmap", "-option", "altwin:swap_alt_win")
             time.sleep(0.3)
-            # Alt is where Super was.
-            window.desktop.ask("xdotool", "keydown", "37", "keydown", "133", "key", "56", "keyup",
-                               "133", "keyup", "37")
+            press_places(window.desktop, CTRL, SUPER, B)  # where Alt is now
             window.desktop.wait_for_window()
 
     def test_another_hotkey_from_the_settings(self):
@@ -155,6 +153,32 @@ class Grab(unittest.TestCase):
         with capturing() as window:
             window.desktop.stop_server()
             self.assertGreaterEqual(window.program.exit_status(), 0)
+
+
+@contextlib.contextmanager
+def display_of(desktop):
+    """The X library and the desktop's display. xdotool would set the layout itself."""
+    x11 = ctypes.CDLL("libX11.so.6")
+    x11.XOpenDisplay.restype = ctypes.c_void_p
+    display = ctypes.c_void_p(x11.XOpenDisplay(desktop.environment["DISPLAY"].encode()))
+    yield x11, display
+    x11.XCloseDisplay(display)
+
+
+def switch_to_second_layout(desktop):
+    with display_of(desktop) as (x11, display):
+        core_keyboard, second = 0x100, 1
+        x11.XkbLockGroup(display, core_keyboard, second)
+
+
+def press_places(desktop, *codes):
+    """Presses these keys one by one and lets them go, the last one first."""
+    with display_of(desktop) as (_, display):
+        test = ctypes.CDLL("libXtst.so.6")
+        for code in codes:
+            test.XTestFakeKeyEvent(display, code, True, ctypes.c_ulong(0))
+        for code in reversed(codes):
+            test.XTestFakeKeyEvent(display, code, False, ctypes.c_ulong(0))
 
 
 def grab_elsewhere(desktop):

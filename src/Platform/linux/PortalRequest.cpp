@@ -2,7 +2,6 @@
 
 #include "Platform/linux/DesktopPortal.h"
 
-#include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 
 #include <utility>
@@ -21,15 +20,18 @@ PortalRequest::PortalRequest(const QDBusConnection& bus, QString token) : m_bus(
     m_path = QStringLiteral("%1/request/%2/%3").arg(DesktopPortal::path, sender, token);
 }
 
-// Listens first: the answer may come before the reply that tells of its object.
+// Listens first: the answer may come before the reply.
 void PortalRequest::call(const QDBusMessage& question, Answered answered)
 {
     m_answered = std::move(answered);
-    listenAt(m_path);
+    m_bus.connect(DesktopPortal::service, m_path, interface, QStringLiteral("Response"), this,
+                  SLOT(responded(uint, QVariantMap)));
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
-        called(watcher->reply());
+        // A reply only tells where the answer will come.
+        if (watcher->isError())
+            finish(Outcome::failed, {});
     });
 }
 
@@ -41,26 +43,6 @@ void PortalRequest::abandon()
                                                   QStringLiteral("Close"));
     message.setAutoStartService(false);
     m_bus.send(message);
-}
-
-void PortalRequest::listenAt(const QString& path)
-{
-    m_bus.connect(DesktopPortal::service, path, interface, QStringLiteral("Response"), this,
-                  SLOT(responded(uint, QVariantMap)));
-}
-
-// A portal of old chooses a path of its own.
-void PortalRequest::called(const QDBusMessage& reply)
-{
-    if (reply.type() == QDBusMessage::ErrorMessage) {
-        finish(Outcome::failed, {});
-        return;
-    }
-    const QString path = reply.arguments().value(0).value<QDBusObjectPath>().path();
-    if (path.isEmpty() || path == m_path)
-        return;
-    m_path = path;
-    listenAt(m_path);
 }
 
 void PortalRequest::responded(uint response, const QVariantMap& results)

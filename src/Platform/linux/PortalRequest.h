@@ -27,8 +27,6 @@ public:
     void abandon();
 
 private:
-    void listenAt(const QString& path);
-    void called(const QDBusMessage& reply);
     void finish(Outcome outcome, const QVariantMap& results);
 
     QDBusConnection m_bus;

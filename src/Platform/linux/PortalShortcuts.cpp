@@ -216,7 +216,8 @@ void PortalShortcuts::portalChanged(const QString& oldOwner, const QString& newO
 void PortalShortcuts::activated(const QDBusObjectPath& session, const QString& id, qulonglong,
                                 const QVariantMap& options)
 {
-    if (session.path() != m_session || id != shortcutId() || !m_handler)
+    const bool isOurs = session.path() == m_session && id == shortcutId();
+    if (!isOurs || m_state != State::bound || !m_handler)
         return;
     useActivationToken(options.value(QStringLiteral("activation_token")).toString());
     m_handler({KeyEvent::keyDown, static_cast<int>(m_hotkey.keyCode), m_hotkey.modifiers});
