@@ -108,6 +108,9 @@ class Desktop:
             "picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
         wait_until(self._has_compositor, "the compositor")
 
+    def stop_server(self):
+        next(each for each in self._processes if each.name == "Xvfb").stop()
+
     def log(self):
         """The lines that Jotwell and Qt have logged on this desktop."""
         file = self.folder / "jotwell.err"
