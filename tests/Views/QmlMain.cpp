@@ -1,5 +1,6 @@
 #include "Views/IndexBench.h"
 #include "Views/ListsBench.h"
+#include "Views/Onboarding/OnboardingBench.h"
 #include "Views/ShortcutsBench.h"
 #include "Views/ViewBench.h"
 #include "Views/ViewResources.h"
@@ -25,6 +26,7 @@ public slots:
         qmlRegisterType<jotwell::IndexBench>("JotwellTest", 1, 0, "IndexBench");
         qmlRegisterType<jotwell::ShortcutsBench>("JotwellTest", 1, 0, "ShortcutsBench");
         qmlRegisterType<jotwell::ListsBench>("JotwellTest", 1, 0, "ListsBench");
+        qmlRegisterType<jotwell::OnboardingBench>("JotwellTest", 1, 0, "OnboardingBench");
         qmlRegisterType<jotwell::ViewBench>("JotwellTest", 1, 0, "ViewBench");
     }
 };
