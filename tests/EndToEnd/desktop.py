@@ -8,6 +8,7 @@ import signal
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
@@ -47,12 +48,13 @@ class Desktop:
     one temporary folder, and gone with the end of the block, or of the test by whatever means."""
 
     def __init__(self, *, bus=True, window_manager=True, compositor=True, bus_services=(),
-                 size="1280x800"):
+                 size="1280x800", x_options=()):
         self._wants_bus = bus
         self._wants_window_manager = window_manager
         self._wants_compositor = compositor
         self._bus_services = bus_services
         self._size = size
+        self._x_options = x_options
         self._processes = []
 
     def __enter__(self):
@@ -203,7 +205,7 @@ class Desktop:
     def _start(self):
         number = self._spawn_and_read("Xvfb", lambda pipe: [
             "Xvfb", "-displayfd", pipe, "-screen", "0", f"{self._size}x24", "-noreset",
-            "-nolisten", "tcp"])
+            "-nolisten", "tcp", *self._x_options])
         self.environment["DISPLAY"] = f":{number}"
         if self._wants_bus:
             self._start_bus()
@@ -270,7 +272,30 @@ def program():
     return os.environ["JOTWELL_PROGRAM"]
 
 
+class JumpingClock:
+    """The machine's clock for a program that is started with this environment, until it jumps."""
+
+    def __init__(self, desktop):
+        self._file = desktop.folder / "clock"
+        self._days = 0
+        self.jump(0)
+        self.environment = _other_clock(FAKETIME_TIMESTAMP_FILE=str(self._file),
+                                        FAKETIME_NO_CACHE="1")
+
+    def jump(self, days):
+        self._days += days
+        self._file.write_text(f"{self._days:+}d\n")
+
+    def date(self):
+        """The date that it shows, as 2024-03-05 in the desktop's time zone, which is UTC."""
+        return time.strftime("%Y-%m-%d", time.gmtime(time.time() + self._days * 86400))
+
+
 def _standing_clock(moment):
+    return _other_clock(FAKETIME=moment)
+
+
+def _other_clock(**settings):
     [library] = glob.glob("/usr/lib/*/faketime/libfaketimeMT.so.1")
-    return {"LD_PRELOAD": library, "FAKETIME": moment, "FAKETIME_DONT_FAKE_MONOTONIC": "1",
-            "DONT_FAKE_MONOTONIC": "1", "NO_FAKE_STAT": "1"}
+    return {"LD_PRELOAD": library, "FAKETIME_DONT_FAKE_MONOTONIC": "1",
+            "DONT_FAKE_MONOTONIC": "1", "NO_FAKE_STAT": "1", **settings}
