@@ -15,7 +15,7 @@ from processes import wait_until  # noqa: E402
 STARTS = 21
 FIRST_SHOWS = 11
 MOST_MEMORY = 60  # megabytes
-PLACES = [("README.md", "<!-- figures: written by bench/run -->")]
+PLACES = [("docs/speed.md", "<!-- figures: written by bench/run -->")]
 
 
 class Row:
@@ -166,11 +166,11 @@ def start_to_tray(desktop, watcher):
 
 
 def timed_start(desktop, watcher, program):
-    before = len(watcher.output().split())
+    before = len(watcher.output().splitlines())
     start = time.monotonic()
     process = desktop.spawn("measured", [program])
-    wait_until(lambda: len(watcher.output().split()) > before, "the tray item")
-    registered = float(watcher.output().split()[before])
+    wait_until(lambda: len(watcher.output().splitlines()) > before, "the tray item")
+    registered = float(watcher.output().splitlines()[before].split()[0])
     process.stop()
     return (registered - start) * 1000
 
@@ -217,7 +217,7 @@ def measure():
     with Desktop() as desktop:
         desktop.write_settings(OnboardingCompleted="true")
         watcher = desktop.spawn("watcher",
-                                ["/usr/bin/python3", ROOT / "bench" / "tray_watcher.py"])
+                                ["/usr/bin/python3", ROOT / "tests" / "EndToEnd" / "notifier_watcher.py"])
         wait_until(lambda: desktop.owns_name("org.kde.StatusNotifierWatcher"), "the tray")
         rows += [start_to_tray(desktop, watcher),
                  first_show(desktop, "show the window for the first time, to the end of its first "

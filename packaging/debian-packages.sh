@@ -17,7 +17,7 @@ packages[run]="
     qml6-module-qtquick-templates qml6-module-qtquick-window"
 # Checks of the sources, and a desktop without a screen.
 packages[test]="
-    clang-format shellcheck qml6-module-qttest
+    clang-format desktop-file-utils libglib2.0-bin shellcheck qml6-module-qttest
     python3 python3-dbus python3-dbusmock python3-gi
     at-spi2-core dbus imagemagick libfaketime openbox openssl picom trayer
     x11-xserver-utils xdotool xvfb"

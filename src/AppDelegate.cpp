@@ -4,20 +4,25 @@
 #include "Platform/Scheduler.h"
 #include "Platform/StatusItem.h"
 #include "Platform/TerminationSignals.h"
-#include "StatusMenu.h"
 #include "Services/CommandService.h"
+#include "Services/GlobalHotkeyManager.h"
+#include "Services/LaunchAtLoginManager.h"
 #include "Services/SettingsService.h"
+#include "Services/SparkleUpdateManager.h"
 #include "Services/TagIndexService.h"
 #include "Services/TemplateSyncService.h"
 #include "Services/ToastManager.h"
+#include "StatusMenu.h"
 #include "Support/Logging.h"
 #include "Views/FloatingWindow.h"
 #include "Views/FloatingWindowView.h"
 #include "Views/LocalKeyMonitor.h"
+#include "Views/Settings/SettingsWindowController.h"
 
 #include <QDeadlineTimer>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QThreadPool>
 
 namespace jotwell {
@@ -37,9 +42,8 @@ constexpr int idleTurnsAtMost = longestWait / idlePollInterval;
 
 AppDelegate::AppDelegate(Desktop desktop, Scheduler& scheduler, QThreadPool& background)
     : m_desktop(desktop), m_scheduler(scheduler), m_background(background),
-      m_settings(SettingsService::shared()),
-      m_localKeyMonitor(
-          std::make_unique<LocalKeyMonitor>(m_settings, m_scheduler, m_desktop.windows))
+      m_settings(SettingsService::shared()), m_localKeyMonitor(std::make_unique<LocalKeyMonitor>(
+                                                 m_settings, m_scheduler, m_desktop.windows))
 {
 }
 
@@ -50,13 +54,24 @@ void AppDelegate::applicationDidFinishLaunching()
     setupTermination();
     if (!m_settings.onboardingCompleted())
         showOnboarding();
+    setupHotkey();
     startIndex();
+    warnOfMissingPermission();
     setupStatusItem();
     setupNotifications();
     refreshMenuBar();
     setupFloatingWindow();
     // Reads its folder when it is made: now, rather than when the first note is waiting for it.
     m_scheduler.after({}, this, [] { static_cast<void>(TemplateSyncService::shared()); });
+}
+
+void AppDelegate::setupHotkey()
+{
+    const QPointer self(this);
+    GlobalHotkeyManager::shared().setHotkeyHandler([self] {
+        if (self)
+            self->toggleFloatingWindow();
+    });
 }
 
 void AppDelegate::startIndex()
@@ -66,6 +81,16 @@ void AppDelegate::startIndex()
         QCoro::connect(TagIndexService::shared().buildIndex(vaultPath), this, [] {});
 }
 
+void AppDelegate::warnOfMissingPermission()
+{
+    if (GlobalHotkeyManager::shared().checkAccessibilityPermissions())
+        return;
+    m_scheduler.after({}, this, [] {
+        ToastManager::shared().showWarning(QStringLiteral(
+            "Global hotkey requires accessibility permissions. Open Settings to enable."));
+    });
+}
+
 void AppDelegate::setupStatusItem()
 {
     m_desktop.statusItem.setAction([this] { toggleFloatingWindow(); });
@@ -73,7 +98,13 @@ void AppDelegate::setupStatusItem()
                           [this](const QString& name) { performAction(name); });
 }
 
-void AppDelegate::setupNotifications() {}
+void AppDelegate::setupNotifications()
+{
+    connect(&GlobalHotkeyManager::shared(), &GlobalHotkeyManager::hotkeyUpdated, this,
+            &AppDelegate::refreshMenuBar);
+    connect(&SparkleUpdateManager::shared(), &SparkleUpdateManager::menuChanged, this,
+            &AppDelegate::refreshMenuBar);
+}
 
 void AppDelegate::setupFloatingWindow()
 {
@@ -126,7 +157,21 @@ void AppDelegate::showOnboarding()
     toggleFloatingWindow();
 }
 
-void AppDelegate::showSettings() {}
+void AppDelegate::showSettings()
+{
+    showSettingsWithTab(QStringLiteral("globalHotkey"));
+}
+
+void AppDelegate::showSettingsWithTab(const QString& tab)
+{
+    if (!m_settingsWindow) {
+        const SettingsServices services{m_settings, GlobalHotkeyManager::shared(),
+                                        LaunchAtLoginManager::shared(),
+                                        SparkleUpdateManager::shared(), m_scheduler};
+        m_settingsWindow = std::make_unique<SettingsWindowController>(services, m_desktop.windows);
+    }
+    m_settingsWindow->showSettingsWithTab(tab);
+}
 
 void AppDelegate::refreshMenuBar()
 {
@@ -137,7 +182,8 @@ void AppDelegate::refreshMenuBar()
                   .arg(hotkey.modifiers));
     StatusMenuActions actions{[this] { toggleFloatingWindow(); }, [this] { showSettings(); },
                               [this] { terminate(); }};
-    m_desktop.statusItem.setMenu(statusMenu(hotkey, std::move(actions), MenuEntry{}));
+    m_desktop.statusItem.setMenu(statusMenu(hotkey, std::move(actions),
+                                            SparkleUpdateManager::shared().createUpdateMenuItem()));
 }
 
 void AppDelegate::performAction(const QString& name)

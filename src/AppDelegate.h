@@ -16,6 +16,7 @@ class InstanceDoor;
 class LocalKeyMonitor;
 class Scheduler;
 class SettingsService;
+class SettingsWindowController;
 class StatusItem;
 class TerminationSignals;
 class WindowSystem;
@@ -46,6 +47,8 @@ public:
     void toggleFloatingWindow();
     /// Shows the settings window, on the screen of the global hotkey if it isn't open yet.
     void showSettings();
+    /// The same on the screen of that entry of the sidebar.
+    void showSettingsWithTab(const QString& tab);
     /// Builds the status item's menu anew.
     void refreshMenuBar();
     /// Ends the event loop with status 0 once what is being written has been written.
@@ -58,7 +61,9 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void setupHotkey();
     void startIndex();
+    void warnOfMissingPermission();
     void setupStatusItem();
     void setupNotifications();
     void setupFloatingWindow();
@@ -78,6 +83,7 @@ private:
     std::unique_ptr<LocalKeyMonitor> m_localKeyMonitor;
     std::unique_ptr<FloatingWindowView> m_floatingWindowView;
     std::unique_ptr<FloatingWindow> m_floatingWindow;
+    std::unique_ptr<SettingsWindowController> m_settingsWindow;
     bool m_isTerminating = false;
 };
 

@@ -33,4 +33,7 @@ struct Hotkey {
     bool operator==(const Hotkey&) const = default;
 };
 
+/// What the user who has chosen none has: B with Command and Option.
+inline constexpr Hotkey defaultHotkey{11, ModifierBit::command | ModifierBit::option};
+
 } // namespace jotwell

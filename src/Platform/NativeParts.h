@@ -11,6 +11,7 @@ class Clock;
 class DesktopAppearance;
 class FileCalls;
 class FileSystems;
+class FolderPanel;
 class FolderWatcher;
 class HotkeyChannels;
 class InstanceDoor;
@@ -32,10 +33,11 @@ class Workspace;
 [[nodiscard]] std::unique_ptr<FolderWatcher> makeFolderWatcher();
 [[nodiscard]] std::unique_ptr<Workspace> makeWorkspace();
 [[nodiscard]] std::unique_ptr<HotkeyChannels> makeHotkeyChannels();
-[[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem();
+[[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem(FileCalls& files);
 /// What is named here outlives the updater.
 [[nodiscard]] std::unique_ptr<Updater> makeUpdater(const Clock& clock, Scheduler& scheduler,
                                                    FileCalls& files);
+[[nodiscard]] std::unique_ptr<FolderPanel> makeFolderPanel();
 [[nodiscard]] std::unique_ptr<WindowSystem> makeWindowSystem();
 [[nodiscard]] std::unique_ptr<TerminationSignals> makeTerminationSignals();
 [[nodiscard]] std::unique_ptr<DesktopAppearance> makeDesktopAppearance();

@@ -3,6 +3,7 @@
 #include "Models/ObsidianTemplateJson.h"
 #include "Models/Uuid.h"
 #include "Platform/DefaultsStore.h"
+#include "Platform/KeyEvent.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -27,8 +28,6 @@ const QString onboardingCompleted = QStringLiteral("OnboardingCompleted");
 } // namespace Key
 
 constexpr qint64 defaultRecentFilesCount = 10;
-constexpr qint64 defaultHotkeyCode = 11;            // B
-constexpr qint64 defaultHotkeyModifiers = 0x180000; // Command and Option
 
 } // namespace
 
@@ -80,7 +79,7 @@ void SettingsService::setRecentFilesCount(qint64 count)
 
 qint64 SettingsService::globalHotkeyCode() const
 {
-    return positiveInteger(Key::globalHotkeyCode, defaultHotkeyCode);
+    return positiveInteger(Key::globalHotkeyCode, defaultHotkey.keyCode);
 }
 
 void SettingsService::setGlobalHotkeyCode(qint64 code)
@@ -91,7 +90,7 @@ void SettingsService::setGlobalHotkeyCode(qint64 code)
 quint64 SettingsService::globalHotkeyModifiers() const
 {
     return static_cast<quint64>(
-        positiveInteger(Key::globalHotkeyModifiers, defaultHotkeyModifiers));
+        positiveInteger(Key::globalHotkeyModifiers, defaultHotkey.modifiers));
 }
 
 void SettingsService::setGlobalHotkeyModifiers(quint64 modifiers)

@@ -2,7 +2,9 @@
 
 #include "Platform/Platform.h"
 #include "Services/CommandService.h"
+#include "Services/GlobalHotkeyManager.h"
 #include "Services/Input/InputServices.h"
+#include "Services/LaunchAtLoginManager.h"
 #include "Services/ObsidianService.h"
 #include "Services/SettingsService.h"
 #include "Services/SparkleUpdateManager.h"
@@ -27,6 +29,8 @@ struct SharedServices {
     std::unique_ptr<TagIndexService> tagIndex;
     std::unique_ptr<ObsidianService> obsidian;
     std::unique_ptr<CommandService> command;
+    std::unique_ptr<GlobalHotkeyManager> globalHotkey;
+    std::unique_ptr<LaunchAtLoginManager> launchAtLogin;
     std::unique_ptr<SparkleUpdateManager> updates;
 };
 
@@ -46,6 +50,8 @@ void installPlatform(const Platform& platform)
 void releaseSharedServices()
 {
     SharedServices& all = services();
+    all.globalHotkey.reset();
+    all.launchAtLogin.reset();
     all.updates.reset();
     all.command.reset();
     all.obsidian.reset();
@@ -109,6 +115,25 @@ CommandService& CommandService::shared()
             std::make_unique<CommandService>(ObsidianService::shared(), SettingsService::shared(),
                                              ToastManager::shared(), all.platform->background);
     return *all.command;
+}
+
+GlobalHotkeyManager& GlobalHotkeyManager::shared()
+{
+    SharedServices& all = services();
+    if (!all.globalHotkey)
+        all.globalHotkey = std::make_unique<GlobalHotkeyManager>(
+            all.platform->hotkeys, SettingsService::shared(), all.platform->steadyClock,
+            all.platform->scheduler, ToastManager::shared());
+    return *all.globalHotkey;
+}
+
+LaunchAtLoginManager& LaunchAtLoginManager::shared()
+{
+    SharedServices& all = services();
+    if (!all.launchAtLogin)
+        all.launchAtLogin = std::make_unique<LaunchAtLoginManager>(
+            all.platform->loginItem, all.platform->defaults, all.platform->scheduler);
+    return *all.launchAtLogin;
 }
 
 SparkleUpdateManager& SparkleUpdateManager::shared()

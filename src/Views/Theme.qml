@@ -30,6 +30,8 @@ ThemeColors {
     readonly property int tabFontSize: 13
 
     // The system's styles of text.
+    readonly property int largeTitleFontSize: 26
+    readonly property int titleFontSize: 22
     readonly property int title2FontSize: 17
     readonly property int title3FontSize: 15
     readonly property int headlineFontSize: 13

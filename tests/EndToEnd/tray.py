@@ -1,8 +1,10 @@
-"""The tray of an X11 desktop gets Jotwell's item, whichever of the two is there first."""
+"""The desktop's tray gets Jotwell's item, whichever of the two is there first."""
 
+import contextlib
 import unittest
 
 from desktop import Desktop
+from notifier_tray import NotifierTray
 from processes import wait_until
 
 ICON = '"jotwell": ("jotwell" "jotwell")  2'  # a window of 22 pixels or so
@@ -37,6 +39,74 @@ class X11Tray(unittest.TestCase):
             self.assertNotIn(ICON, self.windows(desktop))
             self.start_tray(desktop)
             self.wait_for_icon(desktop)
+
+
+class NotifierTrays(unittest.TestCase):
+    """Trays on the session bus, as most desktops have them."""
+
+    @contextlib.contextmanager
+    def program(self, **settings):
+        with Desktop() as desktop:
+            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true",
+                                   **settings)
+            tray = NotifierTray(desktop)
+            program = desktop.start_program()
+            tray.wait_for_item()
+            yield desktop, tray, program
+
+    def shortcuts(self, tray):
+        return {entry["label"]: entry.get("shortcut") for entry in tray.menu() if "label" in entry}
+
+    def test_menu_has_its_entries_and_keys(self):
+        with self.program() as (_, tray, _):
+            labels = [entry.get("label", entry.get("type")) for entry in tray.menu()]
+            self.assertEqual(labels, ["Open", "separator", "Settings", "separator",
+                                      "Check for Updates...", "separator", "Quit"])
+            self.assertEqual(self.shortcuts(tray), {
+                "Open": [["Control", "Alt", "B"]], "Settings": None, "Check for Updates...": None,
+                "Quit": [["Control", "Q"]]})
+            self.assertEqual(tray.property("ToolTip")[2], "Jotwell")
+
+    def test_menu_shows_the_hotkey_of_the_settings(self):
+        hotkey = {"GlobalHotkeyCode": 49, "GlobalHotkeyModifiers": 0x20000 | 0x40000}
+        with self.program(**hotkey) as (_, tray, _):
+            self.assertEqual(self.shortcuts(tray)["Open"], [["Super", "Shift", "Space"]])
+
+    def test_open_toggles_the_window(self):
+        with self.program() as (desktop, tray, _):
+            tray.click("Open")
+            desktop.wait_for_window()
+            tray.click("Open")
+            desktop.wait_for_no_window()
+
+    def test_plain_click_toggles_the_window(self):
+        with self.program() as (desktop, tray, _):
+            tray.activate()
+            desktop.wait_for_window()
+
+    def test_quit_ends_the_program(self):
+        with self.program() as (_, tray, program):
+            tray.click("Quit")
+            self.assertEqual(program.exit_status(), 0)
+
+    def test_tray_that_is_started_anew_gets_the_item_again(self):
+        with self.program() as (desktop, tray, _):
+            for _ in range(3):
+                tray.stop()
+                tray = NotifierTray(desktop)
+                tray.wait_for_item()
+            tray.click("Open")
+            desktop.wait_for_window()
+
+    def test_tray_that_comes_late(self):
+        with Desktop() as desktop:
+            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
+            desktop.start_program()
+            wait_until(lambda: desktop.owns_name("com.jotwell.Jotwell"), "the program")
+            tray = NotifierTray(desktop)
+            tray.wait_for_item()
+            tray.click("Open")
+            desktop.wait_for_window()
 
 
 if __name__ == "__main__":

@@ -13,10 +13,11 @@ public:
     bool trusted = false;
     bool tapAvailable = true;
     bool monitorAvailable = true;
-    int prompts = 0;               ///< calls of `askForTrust`
-    int tapsCreated = 0;           ///< that were asked for, also in vain
-    std::optional<Hotkey> tapped;  ///< what the running tap listens for
-    std::optional<Hotkey> watched; ///< what the running monitor listens for
+    int prompts = 0;                ///< calls of `askForTrust`
+    std::optional<Hotkey> askedFor; ///< by the last of these
+    int tapsCreated = 0;            ///< that were asked for, also in vain
+    std::optional<Hotkey> tapped;   ///< what the running tap listens for
+    std::optional<Hotkey> watched;  ///< what the running monitor listens for
 
     /// Whether the event reached the program with the keyboard.
     bool tapEvent(const KeyEvent& event) { return !m_callback || m_callback(event); }
@@ -27,7 +28,11 @@ public:
     }
 
     [[nodiscard]] bool isTrusted() const override { return trusted; }
-    void askForTrust(const Hotkey&) override { ++prompts; }
+    void askForTrust(const Hotkey& hotkey) override
+    {
+        ++prompts;
+        askedFor = hotkey;
+    }
     [[nodiscard]] std::unique_ptr<HotkeyChannel> createEventTap(const Hotkey& hotkey,
                                                                 TapCallback callback) override
     {

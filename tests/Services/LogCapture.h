@@ -23,6 +23,7 @@ public:
 
     [[nodiscard]] QStringList infos() const { return messages(LogRecord::Level::info); }
     [[nodiscard]] QStringList errors() const { return messages(LogRecord::Level::error); }
+    [[nodiscard]] QStringList prints() const { return messages(LogRecord::Level::print); }
     void clear()
     {
         const QMutexLocker lock(&m_mutex);

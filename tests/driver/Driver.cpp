@@ -22,7 +22,10 @@ Driver::Driver(Session& session)
     addTemplateSyncOps(m_operations);
     addEditorOps(m_operations, session);
     addWindowOps(m_operations, session);
+    addApplicationOps(m_operations, session);
+    addHotkeyOps(m_operations, session);
     addPanelOps(m_operations, session);
+    addRecorderOps(m_operations, session);
     m_operations.add(u"driver.info", {}, [this, &session] { return info(session); });
 }
 

@@ -2,12 +2,22 @@
 
 #include "driver/EffectRecorder.h"
 
+#include <QCoreApplication>
+
 namespace jotwell {
 
 ScriptedClock::TimePoint ScriptedClock::now() const
 {
     const QMutexLocker lock(&m_mutex);
+    if (m_held)
+        return *m_held;
     return m_stopped.value_or(std::chrono::system_clock::now() + m_ahead);
+}
+
+void ScriptedClock::holdAt(std::optional<TimePoint> time)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_held = time;
 }
 
 void ScriptedClock::stopAt(std::optional<TimePoint> time)
@@ -35,6 +45,8 @@ DriverPlatform::DriverPlatform(const QString& home, EffectRecorder& effects)
     : m_home(home),
       m_defaults(home + QStringLiteral("/.driver/config/com.jotwell/Jotwell.ini"), m_files),
       m_workspace(effects),
+      m_loginItem({home + QStringLiteral("/.driver/config/autostart"), {}, {}},
+                  QCoreApplication::applicationFilePath(), m_files),
       m_platform{m_clock,     m_clock,     m_scheduler,
                  m_defaults,  m_files,     m_fileSystems,
                  m_folders,   m_workspace, m_hotkeys,

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Fakes/FakeHotkeyChannels.h"
-#include "Fakes/FakeLoginItem.h"
 #include "Fakes/FakeUpdater.h"
 #include "Platform/Clock.h"
 #include "Platform/Platform.h"
@@ -9,6 +8,7 @@
 #include "Platform/linux/InotifyFolderWatcher.h"
 #include "Platform/linux/LinuxFileSystems.h"
 #include "Platform/linux/PosixFileCalls.h"
+#include "Platform/linux/XdgLoginItem.h"
 #include "Platform/qt/IniDefaultsStore.h"
 #include "driver/ObservedScheduler.h"
 
@@ -30,9 +30,12 @@ public:
     void stopAt(std::optional<TimePoint> time);
     /// A stopped clock is stopped later, a running one runs ahead of the machine's.
     void advance(TimePoint::duration by);
+    /// Stands at `time`, whatever else it was told, until it is let go.
+    void holdAt(std::optional<TimePoint> time);
 
 private:
     mutable QMutex m_mutex;
+    std::optional<TimePoint> m_held;
     std::optional<TimePoint> m_stopped;
     TimePoint::duration m_ahead{0};
 };
@@ -75,7 +78,7 @@ private:
     RecordingWorkspace m_workspace;
     LinuxFileSystems m_fileSystems;
     FakeHotkeyChannels m_hotkeys;
-    FakeLoginItem m_loginItem;
+    XdgLoginItem m_loginItem;
     FakeUpdater m_updater;
     QThreadPool m_database;
     QThreadPool m_bulk;

@@ -54,6 +54,16 @@ void EffectRecorder::recordToggle()
     record(QStringLiteral("toggleFloatingWindow"), {});
 }
 
+void EffectRecorder::recordHotkey()
+{
+    record(QStringLiteral("hotkeyPressed"), {});
+}
+
+void EffectRecorder::recordMenuRefresh()
+{
+    record(QStringLiteral("refreshMenuBar"), {});
+}
+
 void EffectRecorder::recordNotification(const QString& name, const QJsonValue& object,
                                         const QJsonValue& userInfo)
 {

@@ -23,6 +23,10 @@ public:
     void recordSearchResults(const NoteSearchResults& notes);
     /// The capture window asked to be shown or hidden.
     void recordToggle();
+    /// The global hotkey's handler was called.
+    void recordHotkey();
+    /// The status item's menu is to be built anew.
+    void recordMenuRefresh();
     /// `object` and `userInfo` are null where there is none.
     void recordNotification(const QString& name, const QJsonValue& object,
                             const QJsonValue& userInfo);

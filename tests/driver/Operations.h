@@ -34,14 +34,17 @@ void addDefaultsOps(Operations& ops, Session& session);
 void addSettingsOps(Operations& ops);
 void addPanelOps(Operations& ops, Session& session);
 void addRecordOps(Operations& ops);
+void addRecorderOps(Operations& ops, Session& session);
 void addToastOps(Operations& ops, Session& session);
 void addNoteOps(Operations& ops, Session& session);
 void addCommandOps(Operations& ops, Session& session);
 void addInputOps(Operations& ops, Session& session);
 void addContentOps(Operations& ops);
+void addHotkeyOps(Operations& ops, Session& session);
 void addIndexOps(Operations& ops, Session& session);
 void addEditorOps(Operations& ops, Session& session);
 void addTemplateSyncOps(Operations& ops);
+void addApplicationOps(Operations& ops, Session& session);
 void addWindowOps(Operations& ops, Session& session);
 
 } // namespace jotwell

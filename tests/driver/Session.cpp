@@ -1,12 +1,15 @@
 #include "driver/Session.h"
 
+#include "AppDelegate.h"
 #include "Services/CommandService.h"
 #include "Services/CommandTemplateManager.h"
+#include "Services/GlobalHotkeyManager.h"
 #include "Services/ObsidianService.h"
 #include "Services/SharedServices.h"
 #include "Services/TagIndexService.h"
 #include "Services/ToastManager.h"
 #include "Views/FloatingWindowView.h"
+#include "Views/LocalKeyMonitor.h"
 #include "driver/InputJson.h"
 
 #include <utility>
@@ -21,6 +24,7 @@ Session::Session(const QString& home) : m_platform(home, m_effects)
 
 Session::~Session()
 {
+    m_application.reset();
     m_window.reset();
     m_ownInput.reset();
     releaseSharedServices();
@@ -66,6 +70,18 @@ CommandService& Session::commands()
     if (!std::exchange(m_recordsCommands, true))
         setListening(true);
     return CommandService::shared();
+}
+
+GlobalHotkeyManager& Session::hotkey()
+{
+    toasts(); // it would make them itself
+    GlobalHotkeyManager& manager = GlobalHotkeyManager::shared();
+    if (!std::exchange(m_recordsHotkey, true)) {
+        manager.setHotkeyHandler([this] { m_effects.recordHotkey(); });
+        QObject::connect(&manager, &GlobalHotkeyManager::hotkeyUpdated, &manager,
+                         [this] { m_effects.recordMenuRefresh(); });
+    }
+    return manager;
 }
 
 CommandTemplateState& Session::input()
@@ -125,6 +141,31 @@ void Session::recordWindow()
             m_effects.recordNotification(QStringLiteral("ScrollToSelectedSearchResult"),
                                          QJsonValue(), userInfo);
         });
+}
+
+AppDelegate& Session::application()
+{
+    if (!m_application) {
+        toasts();
+        m_application = std::make_unique<AppDelegate>(
+            Desktop{m_desktop.door, m_desktop.statusItem, m_desktop.windows,
+                    m_desktop.terminationSignals},
+            m_platform.platform().scheduler, m_platform.platform().background);
+        recordApplication();
+    }
+    return *m_application;
+}
+
+void Session::recordApplication()
+{
+    const LocalKeyMonitor& keys = m_application->localKeyMonitor();
+    const auto recordToggle = [this] { m_effects.recordToggle(); };
+    QObject::connect(&keys, &LocalKeyMonitor::hideRequested, &keys, recordToggle);
+    QObject::connect(&keys, &LocalKeyMonitor::toggleRequested, &keys, recordToggle);
+    QObject::connect(&keys, &LocalKeyMonitor::insertCommand, &keys, [this](Command command) {
+        m_effects.recordNotification(QStringLiteral("InsertCommand"),
+                                     toJson(std::optional(command)), {});
+    });
 }
 
 void Session::setListening(bool isListening)

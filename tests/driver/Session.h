@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Fakes/FakeDesktop.h"
 #include "driver/DriverPlatform.h"
 #include "driver/EffectRecorder.h"
 #include "driver/InputRecorder.h"
@@ -9,9 +10,11 @@
 
 namespace jotwell {
 
+class AppDelegate;
 class CommandService;
 class CommandTemplateState;
 class FloatingWindowView;
+class GlobalHotkeyManager;
 class ObsidianService;
 class TagIndexService;
 class ToastManager;
@@ -34,6 +37,7 @@ public:
     void stopIndex();
     ObsidianService& notes();
     CommandService& commands();
+    GlobalHotkeyManager& hotkey();
     /// The current input state; makes one if there is none.
     CommandTemplateState& input();
     /// Makes a fresh one the current one.
@@ -42,6 +46,10 @@ public:
     FloatingWindowView& window();
     /// Makes a fresh one the current one, and its input state the current state.
     void makeWindow();
+    /// The application itself, which hasn't been launched: it has neither a window nor a hotkey.
+    AppDelegate& application();
+    /// The desktop that it is made for.
+    [[nodiscard]] FakeDesktop& desktop() { return m_desktop; }
     /// What was assigned to the input state's fields since the last call.
     [[nodiscard]] QJsonArray takeInputChanges() { return m_inputRecorder.take(); }
     /// What the index published since the last call.
@@ -52,17 +60,21 @@ public:
 private:
     void use(CommandTemplateState& input);
     void recordWindow();
+    void recordApplication();
 
     EffectRecorder m_effects;
     DriverPlatform m_platform;
     PublicationRecorder m_publications;
     InputRecorder m_inputRecorder{m_effects};
+    FakeDesktop m_desktop;
+    std::unique_ptr<AppDelegate> m_application;
     std::unique_ptr<CommandTemplateState> m_ownInput;
     std::unique_ptr<FloatingWindowView> m_window;
     CommandTemplateState* m_input = nullptr; ///< our own or the window's
     bool m_recordsIndex = false;
     bool m_recordsToasts = false;
     bool m_recordsCommands = false;
+    bool m_recordsHotkey = false;
 };
 
 } // namespace jotwell

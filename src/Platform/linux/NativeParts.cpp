@@ -6,14 +6,16 @@
 #include "Platform/linux/LinuxFileSystems.h"
 #include "Platform/linux/PcKeyNames.h"
 #include "Platform/linux/PortalAppearance.h"
+#include "Platform/linux/PortalLoginItem.h"
 #include "Platform/linux/PosixFileCalls.h"
 #include "Platform/linux/TrayStatusItem.h"
 #include "Platform/linux/UnixTerminationSignals.h"
 #include "Platform/linux/XcbWindowSystem.h"
+#include "Platform/linux/XdgLoginItem.h"
 #include "Platform/linux/XdgWorkspace.h"
 #include "Platform/none/NoHotkeyChannels.h"
-#include "Platform/none/NoLoginItem.h"
 #include "Platform/none/NoUpdater.h"
+#include "Platform/qt/QtFolderPanel.h"
 #include "Platform/qt/Updates/Appcast.h"
 #include "Platform/qt/Updates/FeedUpdater.h"
 
@@ -32,7 +34,11 @@ QString stateFolder()
     return QDir::isAbsolutePath(named) ? named : QDir::homePath() + QStringLiteral("/.local/state");
 }
 
-// A sandbox is kept up to date from outside.
+QString stateFile(const QString& name)
+{
+    return stateFolder() + QStringLiteral("/com.jotwell/") + name;
+}
+
 bool isInSandbox()
 {
     return QFile::exists(QStringLiteral("/.flatpak-info"));
@@ -70,20 +76,29 @@ std::unique_ptr<HotkeyChannels> makeHotkeyChannels()
     return std::make_unique<NoHotkeyChannels>();
 }
 
-std::unique_ptr<LoginItem> makeLoginItem()
+std::unique_ptr<LoginItem> makeLoginItem(FileCalls& files)
 {
-    return std::make_unique<NoLoginItem>();
+    // From inside of a sandbox the user's autostart folder is out of reach.
+    if (isInSandbox())
+        return std::make_unique<PortalLoginItem>(stateFile(QStringLiteral("LoginItem")), files);
+    return std::make_unique<XdgLoginItem>(AutostartFolders::ofEnvironment(), startedProgram(),
+                                          files);
 }
 
 std::unique_ptr<Updater> makeUpdater(const Clock& clock, Scheduler& scheduler, FileCalls& files)
 {
     const auto key =
         FeedKey::fromBase64(QByteArray(build::updateKey.data(), build::updateKey.size()));
-    if (!key || isInSandbox())
+    if (!key || isInSandbox()) // a sandbox is kept up to date from outside
         return std::make_unique<NoUpdater>();
     return std::make_unique<FeedUpdater>(
         FeedRules{*key, versionNumber(build::version), QStringLiteral("linux")}, clock, scheduler,
-        files, stateFolder() + QStringLiteral("/com.jotwell/LastUpdateCheck"));
+        files, stateFile(QStringLiteral("LastUpdateCheck")));
+}
+
+std::unique_ptr<FolderPanel> makeFolderPanel()
+{
+    return std::make_unique<QtFolderPanel>();
 }
 
 std::unique_ptr<WindowSystem> makeWindowSystem()

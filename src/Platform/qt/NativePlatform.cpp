@@ -36,7 +36,7 @@ struct NativePlatform::Parts {
     std::unique_ptr<FolderWatcher> folders = makeFolderWatcher();
     std::unique_ptr<Workspace> workspace = makeWorkspace();
     std::unique_ptr<HotkeyChannels> hotkeys = makeHotkeyChannels();
-    std::unique_ptr<LoginItem> loginItem = makeLoginItem();
+    std::unique_ptr<LoginItem> loginItem = makeLoginItem(*files);
     std::unique_ptr<Updater> updater = makeUpdater(clock, scheduler, *files);
     IniDefaultsStore defaults;
     // The last, so that they go first: their work may use the others.

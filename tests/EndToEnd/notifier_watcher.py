@@ -1,5 +1,5 @@
-"""A tray for measurements: owns the name of the desktop's tray on the session bus, and prints the
-moment at which each program brings its item (seconds of the monotonic clock)."""
+"""A tray without a picture: owns the name of the desktop's tray on the session bus, and prints for
+each program that brings its item the moment (seconds of the monotonic clock) and its bus name."""
 
 import time
 
@@ -22,9 +22,9 @@ _PROPERTIES = {
 }
 
 
-def answer(_connection, _sender, _path, _interface, method, _arguments, invocation):
+def answer(_connection, sender, _path, _interface, method, _arguments, invocation):
     if method == "RegisterStatusNotifierItem":
-        print(time.monotonic(), flush=True)
+        print(time.monotonic(), sender, flush=True)
     invocation.return_value(None)
 
 

@@ -1,0 +1,63 @@
+#include "Views/SecondaryWindow.h"
+
+#include "Platform/WindowSystem.h"
+#include "Views/ViewResources.h"
+
+#include <QCloseEvent>
+#include <QQmlEngine>
+#include <QScreen>
+
+#include <utility>
+
+namespace jotwell {
+
+SecondaryWindow::SecondaryWindow(const Looks& looks, std::unique_ptr<QObject> view,
+                                 WindowSystem& windowSystem)
+    : m_windowSystem(windowSystem), m_view(std::move(view))
+{
+    setTitle(looks.title);
+    setResizeMode(SizeRootObjectToView);
+    setMinimumSize(looks.leastSize);
+    if (looks.leastSize == looks.size)
+        setMaximumSize(looks.size);
+    resize(looks.size);
+    installViewResources(*engine());
+    setInitialProperties({{QStringLiteral("view"), QVariant::fromValue(m_view.get())}});
+    setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Jotwell/") + looks.viewFile));
+    centre(looks.size);
+}
+
+// What shows the view goes first.
+SecondaryWindow::~SecondaryWindow()
+{
+    setSource(QUrl());
+}
+
+// Smaller than it should be where the screen is, so that all of it can be reached.
+void SecondaryWindow::centre(QSize size)
+{
+    QScreen* const main = m_windowSystem.mainScreen();
+    if (!main)
+        return;
+    setScreen(main);
+    const QRect frame = main->availableGeometry();
+    const QSize fitting = size.boundedTo(frame.size());
+    const QSize room = frame.size() - fitting;
+    setGeometry({frame.topLeft() + QPoint(room.width() / 2, room.height() / 2), fitting});
+}
+
+void SecondaryWindow::makeKeyAndOrderFront()
+{
+    setWindowStates(windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
+    show();
+    m_windowSystem.activate(this);
+}
+
+void SecondaryWindow::closeEvent(QCloseEvent* event)
+{
+    QQuickView::closeEvent(event);
+    if (event->isAccepted())
+        emit willClose();
+}
+
+} // namespace jotwell

@@ -1,0 +1,82 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Jotwell
+
+// The entries of the settings in groups. The keyboard stops once at the list and goes on inside by
+// arrows.
+Column {
+    id: sidebar
+
+    required property SettingsState view
+
+    Accessible.role: Accessible.List
+    Accessible.name: "Settings"
+
+    Keys.onUpPressed: selectAt(Math.max(0, view.selectedRow - 1))
+    Keys.onDownPressed: selectAt(Math.min(rows.count - 1, view.selectedRow + 1))
+    Keys.onPressed: event => {
+        if (event.key !== Qt.Key_Home && event.key !== Qt.Key_End)
+            return
+        event.accepted = true
+        selectAt(event.key === Qt.Key_Home ? 0 : rows.count - 1)
+    }
+
+    function selectAt(index: int): void {
+        view.select(index)
+        takeFocus()
+    }
+
+    function takeFocus(): void {
+        const entry = rows.itemAt(view.selectedRow) as SidebarEntry
+        entry?.takeFocus()
+    }
+
+    component SidebarEntry: Column {
+        id: entry
+
+        required property int index
+        required property string heading
+        required property string symbol
+        required property string title
+
+        width: sidebar.width
+
+        function takeFocus(): void {
+            row.forceActiveFocus(Qt.TabFocusReason)
+        }
+
+        Text {
+            objectName: "heading"
+            visible: entry.heading !== ""
+            leftPadding: 16
+            rightPadding: 16
+            topPadding: 20
+            bottomPadding: 4
+            text: entry.heading
+            color: Theme.secondaryText
+            font.pixelSize: Theme.captionFontSize
+            font.weight: Font.Medium
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+        SettingsSidebarRow {
+            id: row
+
+            objectName: "row" + entry.index
+            width: parent.width
+            symbol: entry.symbol
+            title: entry.title
+            isSelected: entry.index === sidebar.view.selectedRow
+            activeFocusOnTab: isSelected
+            onAction: sidebar.view.select(entry.index)
+        }
+    }
+
+    Repeater {
+        id: rows
+
+        model: sidebar.view.sidebar
+        delegate: SidebarEntry {}
+    }
+}

@@ -1,0 +1,70 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Window
+import Jotwell
+
+// The settings: the sidebar, and the screen of its selected entry.
+Rectangle {
+    id: root
+
+    required property SettingsState view
+
+    color: Theme.windowBackground
+
+    Binding {
+        target: root.Window.window
+        property: "color"
+        value: root.color
+    }
+
+    // The window is moved by any place of it that has no other use.
+    DragHandler {
+        target: null
+        onActiveChanged: {
+            if (active)
+                root.Window.window.startSystemMove()
+        }
+    }
+
+    SettingsSidebar {
+        id: sidebar
+
+        objectName: "sidebar"
+        width: 250
+        view: root.view
+        Component.onCompleted: takeFocus()
+    }
+
+    Loader {
+        objectName: "detail"
+        anchors.left: sidebar.right
+        anchors.right: parent.right
+        height: parent.height
+        sourceComponent: root.screenOf(root.view.selectedItem)
+    }
+
+    function screenOf(item: string): Component {
+        switch (item) {
+        case "softwareUpdates": return softwareUpdates
+        case "other": return other
+        default: return globalHotkey
+        }
+    }
+
+    Component {
+        id: globalHotkey
+
+        GlobalHotkeySettingsView { screen: root.view.globalHotkey }
+    }
+    Component {
+        id: softwareUpdates
+
+        UpdateSettingsView { screen: root.view.softwareUpdates }
+    }
+    Component {
+        id: other
+
+        OtherSettingsView { screen: root.view.other }
+    }
+}
