@@ -28,11 +28,11 @@ def complaints_of(program, own_words=()):
 class BareStarts(unittest.TestCase):
     def check_capture(self, *, prepare=lambda desktop: None, environment=None, own_words=(), **lacking):
         with Desktop(**lacking) as desktop:
-            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
+            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
             prepare(desktop)
             before = time.monotonic()
             program = desktop.start_program(**ENVIRONMENT | (environment or {}))
-            desktop.wait_for_window()
+            desktop.call_up()
             self.assertLess(time.monotonic() - before, LONGEST_START)
             desktop.type_text("It works here too /new_note ")
             desktop.press("ctrl+Return")

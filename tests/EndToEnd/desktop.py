@@ -32,6 +32,9 @@ _BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC
 </busconfig>
 """
 
+# What the program says once its hotkey works.
+_LISTENING = "CGEvent tap monitoring started"
+
 # For a sanitized program. The standing clock is preloaded, before the sanitizer's own library; what
 # is known to leak is known by functions of libraries without frame pointers; and the locks of
 # libraries that aren't sanitized can't be followed.
@@ -98,6 +101,7 @@ class Desktop:
         command becomes it."""
         if clock:
             environment |= _standing_clock(clock)
+        self._listened = self._times_listening()
         return self.spawn("jotwell", [*by, program()], **_SANITIZER_OPTIONS, **environment)
 
     def start_window_manager(self):
@@ -150,6 +154,12 @@ class Desktop:
         wait_until(lambda: self.ask("xdotool", "getwindowfocus") in self.visible_windows(),
                    "the keyboard in the capture window")
 
+    def call_up(self, keys="ctrl+alt+b"):
+        """Shows the window of the program that was started last, by its hotkey."""
+        wait_until(lambda: self._times_listening() > self._listened, "the hotkey")
+        self.press(keys)
+        self.wait_for_window()
+
     def wait_for_no_window(self):
         wait_until(lambda: not self.visible_windows(), "no capture window")
 
@@ -188,6 +198,10 @@ class Desktop:
     def wait_for_banner(self, is_its_colour):
         """Waits for a toast of that colour, which takes a thirtieth of the screen or more."""
         wait_until(lambda: self.share_of(is_its_colour) > 0.03, "the banner of a toast")
+
+    def _times_listening(self):
+        file = self.folder / "jotwell.out"
+        return file.read_text(errors="replace").count(_LISTENING) if file.exists() else 0
 
     def _shot(self, *options):
         """The screen by rows: a byte each for red, green and blue."""

@@ -75,6 +75,14 @@ class Process:
         fields = Path(f"/proc/{self.pid()}/stat").read_text().rpartition(") ")[2].split()
         return sum(map(int, fields[11:13])) / os.sysconf("SC_CLK_TCK")
 
+    def wake_ups(self):
+        """How often its threads have been given a processor so far, ended ones left out."""
+        count = 0
+        for thread in Path(f"/proc/{self.pid()}/task").iterdir():
+            lines = (thread / "status").read_text().splitlines()
+            count += sum(int(line.split()[1]) for line in lines if "ctxt_switches:" in line)
+        return count
+
     def is_running(self):
         return self._popen.poll() is None
 

@@ -24,7 +24,7 @@ def read_only_home(desktop):
     with contextlib.ExitStack() as disks:
         for folder in (desktop.environment[name] for name in HOME):
             disks.enter_context(mounts.small_disk(folder))
-        desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
+        desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
         for folder in (desktop.environment[name] for name in HOME):
             mounts.set_writable(folder, False)
         yield
@@ -43,7 +43,7 @@ def capture(desktop, thought):
 class HomeFolder(unittest.TestCase):
     def check_capture(self, desktop):
         program = desktop.start_program(**ENVIRONMENT)
-        desktop.wait_for_window()
+        desktop.call_up()
         self.assertTrue(capture(desktop, "Written elsewhere").name.startswith("Written elsewhere"))
         program.send(signal.SIGTERM)
         self.assertEqual(program.exit_status(), 0)
@@ -57,7 +57,7 @@ class HomeFolder(unittest.TestCase):
 
     def test_autostart_folder_is_a_file(self):
         with Desktop() as desktop:
-            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
+            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
             autostart = Path(desktop.environment["XDG_CONFIG_HOME"]) / "autostart"
             autostart.write_text("mine")
             self.assertEqual(complaints_of(self.check_capture(desktop)), [])
