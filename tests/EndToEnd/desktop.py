@@ -91,8 +91,9 @@ class Desktop:
 
     # What runs on it
 
-    def spawn(self, name, command, *, pass_fds=(), **environment):
-        process = Process(name, command, self.environment | environment, self.folder, pass_fds)
+    def spawn(self, name, command, *, pass_fds=(), stdin=subprocess.DEVNULL, **environment):
+        process = Process(
+            name, command, self.environment | environment, self.folder, pass_fds, stdin)
         self._processes.append(process)
         return process
 

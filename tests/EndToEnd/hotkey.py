@@ -2,10 +2,14 @@
 
 import contextlib
 import ctypes
+import signal
 import time
 import unittest
+from pathlib import Path
 
+from desktop import Desktop
 from processes import wait_until
+from shortcuts_portal import DENYING, GRANTING, SILENT, ShortcutsPortal
 from windows import capturing as capturing_window
 
 CTRL, ALT, SUPER, A, B = 37, 64, 133, 38, 56  # the codes of their places
@@ -153,6 +157,116 @@ class Grab(unittest.TestCase):
         with capturing() as window:
             window.desktop.stop_server()
             self.assertGreaterEqual(window.program.exit_status(), 0)
+
+
+class Portal(unittest.TestCase):
+    """Where another program has the key, or the X server no keys to give, the portal is asked."""
+
+    def press_and_see(self, window, portal):
+        for wait in window.desktop.wait_for_window, window.desktop.wait_for_no_window:
+            portal.press()
+            wait()
+            time.sleep(0.15)
+
+    def without_the_key(self, answer=None):
+        def prepare(desktop):
+            grab_elsewhere(desktop)
+            if answer:
+                desktop.portal = ShortcutsPortal(desktop, answer)
+        return capturing(before=prepare)
+
+    def permission(self, desktop):
+        return Path(desktop.environment["HOME"]) / ".local/state/com.jotwell/global-hotkey-allowed"
+
+    def works_without_it(self, window):
+        window.show()
+        window.hide()
+        self.assertTrue(window.program.is_running())
+
+    def test_shortcut_that_is_granted(self):
+        with self.without_the_key(GRANTING) as window:
+            portal = window.desktop.portal
+            portal.wait_for_call("BindShortcuts")
+            wait_until(self.permission(window.desktop).exists, "the permission")
+            self.press_and_see(window, portal)
+            self.assertEqual(portal.calls(), [
+                "Register com.jotwell.Jotwell", "CreateSession",
+                "BindShortcuts toggle-11-1572864 CTRL+ALT+b"])
+            self.assertIn("Hotkey detected via NSEvent", window.program.output())
+
+    def test_portal_that_is_started_again(self):
+        with self.without_the_key(GRANTING) as window:
+            window.desktop.portal.wait_for_call("BindShortcuts")
+            window.desktop.portal.stop()
+            portal = ShortcutsPortal(window.desktop)
+            wait_until(lambda: " ".join(portal.calls()).count("BindShortcuts") == 2, "a new wish")
+            time.sleep(0.2)
+            self.press_and_see(window, portal)
+
+    def test_portal_that_comes_late(self):
+        with self.without_the_key() as window:
+            self.works_without_it(window)
+            portal = ShortcutsPortal(window.desktop)
+            portal.wait_for_call("BindShortcuts")
+            time.sleep(0.2)
+            self.press_and_see(window, portal)
+
+    def test_shortcut_that_is_denied(self):
+        with self.without_the_key(DENYING) as window:
+            window.desktop.portal.wait_for_call("BindShortcuts")
+            time.sleep(0.2)
+            window.desktop.portal.press()
+            time.sleep(0.5)
+            self.assertEqual(window.desktop.visible_windows(), [])
+            self.assertFalse(self.permission(window.desktop).exists())
+            self.works_without_it(window)
+
+    def test_portal_that_never_answers(self):
+        with self.without_the_key(SILENT) as window:
+            window.desktop.portal.wait_for_call("CreateSession")
+            self.works_without_it(window)
+            window.program.send(signal.SIGTERM)
+            self.assertEqual(window.program.exit_status(), 0)
+
+    def test_portal_is_left_alone_where_the_grab_works(self):
+        def prepare(desktop):
+            desktop.portal = ShortcutsPortal(desktop)
+        with capturing(before=prepare) as window:
+            window.desktop.press("ctrl+alt+b")
+            window.desktop.wait_for_window()
+            self.assertEqual(window.desktop.portal.calls(), [])
+
+    def test_wayland_session_has_only_the_portal(self):
+        def prepare(desktop):
+            desktop.environment["XDG_SESSION_TYPE"] = "wayland"
+            desktop.portal = ShortcutsPortal(desktop)
+            self.permission(desktop).parent.mkdir(parents=True)
+            self.permission(desktop).touch()
+        with capturing(before=prepare) as window:
+            window.desktop.portal.wait_for_call("BindShortcuts")
+            self.assertIn("Using NSEvent monitoring only", window.program.output())
+            self.press_and_see(window, window.desktop.portal)
+            window.desktop.press("ctrl+alt+b")
+            wait_until(lambda: "keysym 0x62, b" in window.desktop.other.keys(), "the key")
+            self.assertEqual(window.desktop.visible_windows(), [])
+
+    def test_wayland_session_without_permission_is_not_asked(self):
+        def prepare(desktop):
+            desktop.environment["XDG_SESSION_TYPE"] = "wayland"
+            desktop.portal = ShortcutsPortal(desktop)
+        with capturing_window(before=prepare) as window:
+            self.works_without_it(window)
+            self.assertEqual(window.desktop.portal.calls(), [])
+            self.assertNotIn("monitoring", window.program.output())
+
+    def test_neither_key_nor_bus(self):
+        with Desktop(bus=False) as desktop:
+            grab_elsewhere(desktop)
+            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
+            program = desktop.start_program()
+            wait_until(lambda: "NSEvent monitoring only" in program.output(), "the hotkey")
+            time.sleep(0.5)
+            self.assertTrue(program.is_running())
 
 
 @contextlib.contextmanager

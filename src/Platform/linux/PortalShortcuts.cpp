@@ -63,6 +63,7 @@ PortalShortcuts::PortalShortcuts(PortalPermission& permission)
     : m_permission(permission), m_bus(ownConnection())
 {
     registerPortalShortcut();
+    qRegisterMetaType<QDBusObjectPath>(); // slots are found by the names of known types
     if (!m_bus.isConnected())
         return;
     auto* watcher = new QDBusServiceWatcher(DesktopPortal::service, m_bus,
