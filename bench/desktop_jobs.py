@@ -191,19 +191,32 @@ def memory(desktop):
     return hidden, shown
 
 
+def wake_ups(desktop):
+    """How often the hidden program wakes in a minute in which nothing happens."""
+    process = desktop.spawn("jotwell", [BUILD / "src" / "jotwell"])
+    wait_until(lambda: desktop.owns_name("com.jotwell.Jotwell"), "the program on the bus")
+    time.sleep(3)
+    before = process.wake_ups()
+    time.sleep(60)
+    count = process.wake_ups() - before
+    process.stop()
+    return count
+
+
 def resident(process):
     status = Path(f"/proc/{process.pid()}/status").read_text()
     [line] = [line for line in status.splitlines() if line.startswith("VmRSS")]
     return int(line.split()[1]) / 1024
 
 
-def table(rows, resident_memory, frame_lines, memory_lines):
+def table(rows, resident_memory, idle_wake_ups, frame_lines, memory_lines):
     lines = [as_row(["Job", "p50", "p99", "Reference", "p50", "p99", "Ratio", "Limit", ""]),
              "|" + "---|" * 9, *(row.shown() for row in rows), "", *frame_lines, "", *memory_lines]
     hidden, shown = resident_memory
     lines.append("")
     lines.append(f"Without a vault the program has {hidden:.0f} MB since the start and {shown:.0f} MB "
-                 f"once the window has been shown, of {MOST_MEMORY} MB that it may have.")
+                 f"once the window has been shown, of {MOST_MEMORY} MB that it may have. Hidden, "
+                 f"it woke {idle_wake_ups} times in a minute.")
     lines.append("")
     lines.append(f"Measured on {machine()}, under Xvfb with openbox and picom, software rendering. "
                  "Where a job ran fewer than a hundred times, p99 is its slowest run. What a thread "
@@ -224,4 +237,4 @@ def measure():
                                      "frame"),
                  first_show(desktop, "the same while the index of 10,000 notes is built", vault),
                  *later_shows(desktop, vault), *typing(desktop, vault)]
-        return table(rows, memory(desktop), frames(desktop, vault), card_memory(desktop))
+        return table(rows, memory(desktop), wake_ups(desktop), frames(desktop, vault), card_memory(desktop))

@@ -19,7 +19,7 @@ packages[run]="
 packages[test]="
     clang-format desktop-file-utils libglib2.0-bin shellcheck qml6-module-qttest
     python3 python3-dbus python3-dbusmock python3-gi
-    at-spi2-core dbus imagemagick libfaketime openbox openssl picom trayer
+    at-spi2-core dbus imagemagick libfaketime openbox openssl picom sway trayer wtype
     x11-xserver-utils xdotool xvfb"
 packages[tidy]="clang clang-tidy"
 packages[fuzz]="clang libclang-rt-dev"

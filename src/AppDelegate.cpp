@@ -17,6 +17,8 @@
 #include "Views/FloatingWindow.h"
 #include "Views/FloatingWindowView.h"
 #include "Views/LocalKeyMonitor.h"
+#include "Views/Onboarding/OnboardingView.h"
+#include "Views/SecondaryWindow.h"
 #include "Views/Settings/SettingsWindowController.h"
 
 #include <QDeadlineTimer>
@@ -154,7 +156,24 @@ void AppDelegate::performToggleFloatingWindow()
 
 void AppDelegate::showOnboarding()
 {
-    toggleFloatingWindow();
+    constexpr QSize size(600, 600);
+    auto view = std::make_unique<OnboardingView>(OnboardingServices{
+        m_settings, TagIndexService::shared(), TemplateSyncService::shared(),
+        LaunchAtLoginManager::shared(), ToastManager::shared(), m_desktop.folders});
+    const OnboardingView* const onboarding = view.get();
+    m_onboardingWindow = std::make_unique<SecondaryWindow>(
+        SecondaryWindow::Looks{QStringLiteral("Welcome to Jotwell"), size, size,
+                               QStringLiteral("Onboarding/OnboardingView.qml")},
+        std::move(view), m_desktop.windows);
+    connect(onboarding, &OnboardingView::dismissed, m_onboardingWindow.get(), &QWindow::close);
+    connect(m_onboardingWindow.get(), &SecondaryWindow::willClose, this,
+            &AppDelegate::onboardingWillClose);
+    m_onboardingWindow->makeKeyAndOrderFront();
+}
+
+void AppDelegate::onboardingWillClose()
+{
+    m_onboardingWindow.release()->deleteLater();
 }
 
 void AppDelegate::showSettings()

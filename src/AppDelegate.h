@@ -12,9 +12,11 @@ namespace jotwell {
 
 class FloatingWindow;
 class FloatingWindowView;
+class FolderPanel;
 class InstanceDoor;
 class LocalKeyMonitor;
 class Scheduler;
+class SecondaryWindow;
 class SettingsService;
 class SettingsWindowController;
 class StatusItem;
@@ -27,6 +29,7 @@ struct Desktop {
     StatusItem& statusItem;
     WindowSystem& windows;
     TerminationSignals& terminationSignals;
+    FolderPanel& folders;
 };
 
 /// Owns what lives at application level: the status item's menu, the capture window, and the roads
@@ -71,6 +74,7 @@ private:
     void hideFloatingWindow();
     void performToggleFloatingWindow();
     void showOnboarding();
+    void onboardingWillClose();
     void setupTermination();
     void performAction(const QString& name);
     void quitWhenIdle(int idleTurns, int turnsLeft);
@@ -84,6 +88,7 @@ private:
     std::unique_ptr<FloatingWindowView> m_floatingWindowView;
     std::unique_ptr<FloatingWindow> m_floatingWindow;
     std::unique_ptr<SettingsWindowController> m_settingsWindow;
+    std::unique_ptr<SecondaryWindow> m_onboardingWindow;
     bool m_isTerminating = false;
 };
 

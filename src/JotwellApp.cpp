@@ -1,5 +1,6 @@
 #include "AppDelegate.h"
 #include "Platform/DesktopAppearance.h"
+#include "Platform/FolderPanel.h"
 #include "Platform/InstanceDoor.h"
 #include "Platform/KeyNames.h"
 #include "Platform/NativeParts.h"
@@ -85,10 +86,11 @@ int run(InstanceDoor& door)
     const auto statusItem = makeStatusItem(statusIcon(), QStringLiteral("Jotwell"));
     const auto windows = makeWindowSystem();
     const auto terminationSignals = makeTerminationSignals();
+    const auto folders = makeFolderPanel();
     int status = 0;
     {
-        AppDelegate delegate({door, *statusItem, *windows, *terminationSignals}, platform.scheduler,
-                             platform.background);
+        AppDelegate delegate({door, *statusItem, *windows, *terminationSignals, *folders},
+                             platform.scheduler, platform.background);
         delegate.applicationDidFinishLaunching();
         status = QApplication::exec();
     }

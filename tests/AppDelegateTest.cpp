@@ -51,9 +51,10 @@ protected:
 
     void launch()
     {
-        delegate = std::make_unique<AppDelegate>(
-            Desktop{desktop.door, desktop.statusItem, desktop.windows, desktop.terminationSignals},
-            fake.scheduler, fake.background);
+        delegate =
+            std::make_unique<AppDelegate>(Desktop{desktop.door, desktop.statusItem, desktop.windows,
+                                                  desktop.terminationSignals, desktop.folders},
+                                          fake.scheduler, fake.background);
         delegate->applicationDidFinishLaunching();
         turn();
     }
@@ -68,6 +69,15 @@ protected:
             const auto* floating = qobject_cast<const FloatingWindow*>(window);
             return floating && floating->isOnScreen();
         });
+    }
+
+    static QWindow* windowCalled(const char* title)
+    {
+        for (QWindow* window : QGuiApplication::topLevelWindows()) {
+            if (window->title() == QLatin1String(title))
+                return window;
+        }
+        return nullptr;
     }
 
     const MenuEntry& entry(std::size_t index) { return desktop.statusItem.menu.at(index); }
@@ -88,6 +98,40 @@ TEST_F(AppDelegateTest, WaitsUnseenWithItsMenu)
     EXPECT_EQ(entry(0).title, QStringLiteral("Open"));
     EXPECT_EQ(entry(4).title, QStringLiteral("Check for Updates..."));
     EXPECT_TRUE(toasts->shown.empty());
+}
+
+TEST_F(AppDelegateTest, WelcomesUntilTheWelcomeIsCompleted)
+{
+    settings().setOnboardingCompleted(false);
+    launch();
+    QWindow* const welcome = windowCalled("Welcome to Jotwell");
+    ASSERT_NE(welcome, nullptr);
+    EXPECT_TRUE(welcome->isVisible());
+    EXPECT_EQ(welcome->size(), QSize(600, 600));
+    EXPECT_EQ(desktop.statusItem.menu.size(), 7U) << "nothing waits for it";
+    welcome->close();
+    EXPECT_TRUE(QTest::qWaitFor([] { return !windowCalled("Welcome to Jotwell"); }));
+    EXPECT_FALSE(settings().onboardingCompleted());
+}
+
+TEST_F(AppDelegateTest, NoWelcomeOnceItIsCompleted)
+{
+    launch();
+    EXPECT_EQ(windowCalled("Welcome to Jotwell"), nullptr);
+}
+
+TEST_F(AppDelegateTest, MenuAndDoorShowTheSettings)
+{
+    launch();
+    EXPECT_EQ(windowCalled("Settings"), nullptr);
+    entry(2).action();
+    ASSERT_NE(windowCalled("Settings"), nullptr);
+    EXPECT_TRUE(windowCalled("Settings")->isVisible());
+    windowCalled("Settings")->close();
+    turn();
+    EXPECT_TRUE(QTest::qWaitFor([] { return !windowCalled("Settings"); }));
+    desktop.door.performAction(QStringLiteral("settings"));
+    EXPECT_NE(windowCalled("Settings"), nullptr);
 }
 
 TEST_F(AppDelegateTest, TellsOfTheMenuAndItsHotkey)

@@ -19,9 +19,9 @@ class Looks(unittest.TestCase):
         wait_until(lambda: desktop.share_of(is_card(grey)) > 0.05, f"a card of grey {grey}")
 
     def start(self, desktop):
-        desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
+        desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
         program = desktop.start_program()
-        desktop.wait_for_window()
+        desktop.call_up()
         return program
 
     def test_card_follows_the_colour_scheme(self):

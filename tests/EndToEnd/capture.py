@@ -17,9 +17,9 @@ class Capture(unittest.TestCase):
 
     def test_note_is_what_the_template_says(self):
         with Desktop() as desktop:
-            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
+            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
             desktop.start_program(clock=CLOCK, **AMERICAN)
-            desktop.wait_for_window()
+            desktop.call_up()
             desktop.type_text("Call Ada about the garden /new_note")
             desktop.press(*["BackSpace"] * len("Default"))
             desktop.type_text("Da")
@@ -30,9 +30,9 @@ class Capture(unittest.TestCase):
 
     def test_text_survives_hiding(self):
         with Desktop() as desktop:
-            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
+            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
             program = desktop.start_program(clock=CLOCK, **AMERICAN)
-            desktop.wait_for_window()
+            desktop.call_up()
             desktop.type_text("half a thought")
             desktop.press("Escape")
             desktop.wait_for_no_window()
@@ -56,7 +56,7 @@ class Capture(unittest.TestCase):
             wait_until(lambda: desktop.owns_name("com.jotwell.Jotwell"), "the name on the bus")
             self.assertEqual(desktop.visible_windows(), [])
             self.assertEqual(desktop.start_program().exit_status(), 0)
-            desktop.wait_for_window()
+            desktop.call_up()
             self.assertTrue(program.is_running())
 
 

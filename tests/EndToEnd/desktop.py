@@ -8,6 +8,7 @@ import signal
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
@@ -31,6 +32,9 @@ _BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC
 </busconfig>
 """
 
+# What the program says once its hotkey works.
+_LISTENING = "CGEvent tap monitoring started"
+
 # For a sanitized program. The standing clock is preloaded, before the sanitizer's own library; what
 # is known to leak is known by functions of libraries without frame pointers; and the locks of
 # libraries that aren't sanitized can't be followed.
@@ -47,12 +51,13 @@ class Desktop:
     one temporary folder, and gone with the end of the block, or of the test by whatever means."""
 
     def __init__(self, *, bus=True, window_manager=True, compositor=True, bus_services=(),
-                 size="1280x800"):
+                 size="1280x800", x_options=()):
         self._wants_bus = bus
         self._wants_window_manager = window_manager
         self._wants_compositor = compositor
         self._bus_services = bus_services
         self._size = size
+        self._x_options = x_options
         self._processes = []
 
     def __enter__(self):
@@ -86,8 +91,9 @@ class Desktop:
 
     # What runs on it
 
-    def spawn(self, name, command, *, pass_fds=(), **environment):
-        process = Process(name, command, self.environment | environment, self.folder, pass_fds)
+    def spawn(self, name, command, *, pass_fds=(), stdin=subprocess.DEVNULL, **environment):
+        process = Process(
+            name, command, self.environment | environment, self.folder, pass_fds, stdin)
         self._processes.append(process)
         return process
 
@@ -96,6 +102,7 @@ class Desktop:
         command becomes it."""
         if clock:
             environment |= _standing_clock(clock)
+        self._listened = self._times_listening()
         return self.spawn("jotwell", [*by, program()], **_SANITIZER_OPTIONS, **environment)
 
     def start_window_manager(self):
@@ -107,6 +114,9 @@ class Desktop:
         self.compositor = self.spawn(
             "picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
         wait_until(self._has_compositor, "the compositor")
+
+    def stop_server(self):
+        next(each for each in self._processes if each.name == "Xvfb").stop()
 
     def log(self):
         """The lines that Jotwell and Qt have logged on this desktop."""
@@ -144,6 +154,12 @@ class Desktop:
         wait_until(self.visible_windows, "the capture window")
         wait_until(lambda: self.ask("xdotool", "getwindowfocus") in self.visible_windows(),
                    "the keyboard in the capture window")
+
+    def call_up(self, keys="ctrl+alt+b"):
+        """Shows the window of the program that was started last, by its hotkey."""
+        wait_until(lambda: self._times_listening() > self._listened, "the hotkey")
+        self.press(keys)
+        self.wait_for_window()
 
     def wait_for_no_window(self):
         wait_until(lambda: not self.visible_windows(), "no capture window")
@@ -184,6 +200,10 @@ class Desktop:
         """Waits for a toast of that colour, which takes a thirtieth of the screen or more."""
         wait_until(lambda: self.share_of(is_its_colour) > 0.03, "the banner of a toast")
 
+    def _times_listening(self):
+        file = self.folder / "jotwell.out"
+        return file.read_text(errors="replace").count(_LISTENING) if file.exists() else 0
+
     def _shot(self, *options):
         """The screen by rows: a byte each for red, green and blue."""
         return subprocess.run(
@@ -200,7 +220,7 @@ class Desktop:
     def _start(self):
         number = self._spawn_and_read("Xvfb", lambda pipe: [
             "Xvfb", "-displayfd", pipe, "-screen", "0", f"{self._size}x24", "-noreset",
-            "-nolisten", "tcp"])
+            "-nolisten", "tcp", *self._x_options])
         self.environment["DISPLAY"] = f":{number}"
         if self._wants_bus:
             self._start_bus()
@@ -267,7 +287,30 @@ def program():
     return os.environ["JOTWELL_PROGRAM"]
 
 
+class JumpingClock:
+    """The machine's clock for a program that is started with this environment, until it jumps."""
+
+    def __init__(self, desktop):
+        self._file = desktop.folder / "clock"
+        self._days = 0
+        self.jump(0)
+        self.environment = _other_clock(FAKETIME_TIMESTAMP_FILE=str(self._file),
+                                        FAKETIME_NO_CACHE="1")
+
+    def jump(self, days):
+        self._days += days
+        self._file.write_text(f"{self._days:+}d\n")
+
+    def date(self):
+        """The date that it shows, as 2024-03-05 in the desktop's time zone, which is UTC."""
+        return time.strftime("%Y-%m-%d", time.gmtime(time.time() + self._days * 86400))
+
+
 def _standing_clock(moment):
+    return _other_clock(FAKETIME=moment)
+
+
+def _other_clock(**settings):
     [library] = glob.glob("/usr/lib/*/faketime/libfaketimeMT.so.1")
-    return {"LD_PRELOAD": library, "FAKETIME": moment, "FAKETIME_DONT_FAKE_MONOTONIC": "1",
-            "DONT_FAKE_MONOTONIC": "1", "NO_FAKE_STAT": "1"}
+    return {"LD_PRELOAD": library, "FAKETIME_DONT_FAKE_MONOTONIC": "1",
+            "DONT_FAKE_MONOTONIC": "1", "NO_FAKE_STAT": "1", **settings}

@@ -15,9 +15,9 @@ class Editor:
     def __init__(self, desktop, *, program=None, **settings):
         self.desktop = desktop
         desktop.write_settings(**{"ObsidianFolderPath": desktop.vault,
-                                  "OnboardingCompleted": "false"} | settings)
+                                  "OnboardingCompleted": "true"} | settings)
         self.program = desktop.start_program(**accessibility.ENVIRONMENT, **(program or {}))
-        desktop.wait_for_window()
+        desktop.call_up()
         self.reader = accessibility.ScreenReader(desktop)
         self._field = wait_until(lambda: self.reader.item("Note editor"), "the field")
 

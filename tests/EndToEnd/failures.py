@@ -17,10 +17,10 @@ class Sending(unittest.TestCase):
     @contextlib.contextmanager
     def window(self, **settings):
         with Desktop(bus_services=accessibility.BUS_SERVICES) as desktop:
-            desktop.write_settings(OnboardingCompleted="false", **{
+            desktop.write_settings(OnboardingCompleted="true", **{
                 name: value.format(vault=desktop.vault) for name, value in settings.items()})
             desktop.start_program(**accessibility.ENVIRONMENT)
-            desktop.wait_for_window()
+            desktop.call_up()
             desktop.type_text(f"{THOUGHT} /new_note ")
             self.reader = accessibility.ScreenReader(desktop)
             yield desktop
@@ -47,7 +47,7 @@ class VaultFailures(Sending):
             self.send(desktop, "Set up this command first in the app settings")
             self.check_text_is_there()
             self.assertEqual(desktop.notes(), [])
-            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
+            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
             self.check_second_try(desktop)
 
     def test_vault_is_gone(self):

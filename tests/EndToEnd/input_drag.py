@@ -89,6 +89,7 @@ class Dragging(unittest.TestCase):
             desktop = editor.desktop
             [editor.window] = desktop.visible_windows()
             desktop.start_program(**self.other_environment(desktop.folder / "other"))
+            desktop.call_up("ctrl+alt+n")
             wait_until(lambda: len(desktop.visible_windows()) == 2, "another window")
             [other] = set(desktop.visible_windows()) - {editor.window}
             for window, top in (editor.window, LOWER), (other, HIGHER):
@@ -100,7 +101,8 @@ class Dragging(unittest.TestCase):
         for name in "vault", "config/com.jotwell", "data", "runtime":
             (folder / name).mkdir(mode=0o700, parents=True)
         (folder / "config/com.jotwell/Jotwell.ini").write_text(
-            f"[General]\nObsidianFolderPath={self.other_vault}\nOnboardingCompleted=false\n")
+            f"[General]\nObsidianFolderPath={self.other_vault}\nOnboardingCompleted=true\n"
+            "GlobalHotkeyCode=45\n")
         return {"DBUS_SESSION_BUS_ADDRESS": "", "XDG_CONFIG_HOME": str(folder / "config"),
                 "XDG_DATA_HOME": str(folder / "data"), "XDG_RUNTIME_DIR": str(folder / "runtime")}
 

@@ -1,5 +1,7 @@
-"""A stand-in for the part of the desktop portal that tells of the desktop's looks."""
+"""Stand-ins for the desktop portal: for the part that tells of the desktop's looks, and for one
+that is of no use at all."""
 
+import signal
 import sys
 
 import dbus
@@ -15,16 +17,48 @@ _APPEARANCE = "org.freedesktop.appearance"
 NO_PREFERENCE, DARK, LIGHT = range(3)
 
 
+# The interfaces that this program, or the toolkit on its behalf, may ask, and by which calls.
+_CALLS = {
+    _SETTINGS: {"Read": "ss", "ReadAll": "as"},
+    "org.freedesktop.portal.Background": {"RequestBackground": "sa{sv}"},
+    "org.freedesktop.portal.FileChooser": {"OpenFile": "ssa{sv}"},
+    "org.freedesktop.portal.GlobalShortcuts": {"CreateSession": "a{sv}",
+                                               "BindShortcuts": "oa(sa{sv})sa{sv}",
+                                               "ListShortcuts": "oa{sv}"},
+    "org.freedesktop.portal.OpenURI": {"OpenURI": "ssa{sv}"},
+}
+_REFUSAL = ("raise dbus.exceptions.DBusException("
+            "'no', name='org.freedesktop.portal.Error.NotAllowed')")
+
+
+def _start_mock(desktop):
+    process = desktop.spawn(
+        "portal", [sys.executable, "-m", "dbusmock", "--session", _NAME, _PATH, _SETTINGS])
+    wait_until(lambda: desktop.owns_name(_NAME), "the portal")
+    bus = dbus.bus.BusConnection(desktop.environment["DBUS_SESSION_BUS_ADDRESS"])
+    return process, dbus.Interface(bus.get_object(_NAME, _PATH), "org.freedesktop.DBus.Mock")
+
+
+def start_refusing_portal(desktop):
+    """On the bus from now on: says no to every call."""
+    _, mock = _start_mock(desktop)
+    for interface, calls in _CALLS.items():
+        for name, signature in calls.items():
+            mock.AddMethod(interface, name, signature, "", _REFUSAL)
+
+
+def start_silent_portal(desktop):
+    """On the bus from now on: takes every call and never answers one."""
+    process, _ = _start_mock(desktop)
+    process.send(signal.SIGSTOP)
+
+
 class SettingsPortal:
     """On the bus of a desktop, from now on."""
 
     def __init__(self, desktop, *, color_scheme=NO_PREFERENCE, contrast=0):
         self._values = {"color-scheme": color_scheme, "contrast": contrast}
-        self._process = desktop.spawn(
-            "portal", [sys.executable, "-m", "dbusmock", "--session", _NAME, _PATH, _SETTINGS])
-        wait_until(lambda: desktop.owns_name(_NAME), "the portal")
-        bus = dbus.bus.BusConnection(desktop.environment["DBUS_SESSION_BUS_ADDRESS"])
-        self._mock = dbus.Interface(bus.get_object(_NAME, _PATH), "org.freedesktop.DBus.Mock")
+        self._process, self._mock = _start_mock(desktop)
         for key, value in list(self._values.items()):
             self._set(key, value)  # also for who has asked before there was an answer
 

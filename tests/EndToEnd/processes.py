@@ -43,12 +43,13 @@ def _die_with_parent():
 class Process:
     """A child in a process group of its own, with its output in files."""
 
-    def __init__(self, name, command, environment, folder, pass_fds=()):
+    def __init__(self, name, command, environment, folder, pass_fds=(),
+                 stdin=subprocess.DEVNULL):
         self.name = name
         self._output = [folder / f"{name}.{stream}" for stream in ("out", "err")]
         with open(self._output[0], "ab") as out, open(self._output[1], "ab") as err:
             self._popen = subprocess.Popen(
-                command, env=environment, cwd=folder, stdin=subprocess.DEVNULL, stdout=out,
+                command, env=environment, cwd=folder, stdin=stdin, stdout=out,
                 stderr=err, pass_fds=pass_fds, start_new_session=True, preexec_fn=_die_with_parent)
 
     def output(self):
@@ -58,6 +59,11 @@ class Process:
     def errors(self):
         """What they have written to standard error."""
         return self._output[1].read_text(errors="replace")
+
+    def write(self, text):
+        """Gives it something to read, if it was started with a pipe for that."""
+        self._popen.stdin.write(text.encode())
+        self._popen.stdin.flush()
 
     def pid(self):
         return self._popen.pid
@@ -75,6 +81,14 @@ class Process:
         fields = Path(f"/proc/{self.pid()}/stat").read_text().rpartition(") ")[2].split()
         return sum(map(int, fields[11:13])) / os.sysconf("SC_CLK_TCK")
 
+    def wake_ups(self):
+        """How often its threads have been given a processor so far, ended ones left out."""
+        count = 0
+        for thread in Path(f"/proc/{self.pid()}/task").iterdir():
+            lines = (thread / "status").read_text().splitlines()
+            count += sum(int(line.split()[1]) for line in lines if "ctxt_switches:" in line)
+        return count
+
     def is_running(self):
         return self._popen.poll() is None
 
@@ -91,5 +105,7 @@ class Process:
             try:
                 os.killpg(self._popen.pid, number)
                 self._popen.wait(patience)
+                if self._popen.stdin:
+                    self._popen.stdin.close()
             except (ProcessLookupError, subprocess.TimeoutExpired):
                 pass

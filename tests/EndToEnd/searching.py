@@ -20,10 +20,10 @@ class SearchWindow:
 
     def __init__(self, desktop, **options):
         self.desktop = desktop
-        desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
+        desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
         self._lines_before = len(desktop.log())
         self.program = desktop.start_program(**accessibility.ENVIRONMENT, **_LOG_LINES, **options)
-        desktop.wait_for_window()
+        desktop.call_up()
         self._reader = accessibility.ScreenReader(desktop)
 
     def log(self):

@@ -16,18 +16,18 @@ ROUNDS = 10
 class Termination(unittest.TestCase):
     def test_each_request_ends_it_cleanly(self):
         with Desktop() as desktop:
-            desktop.write_settings(OnboardingCompleted="false")
+            desktop.write_settings(OnboardingCompleted="true")
             for request in signal.SIGTERM, signal.SIGINT, signal.SIGHUP:
                 program = desktop.start_program()
-                desktop.wait_for_window()
+                desktop.call_up()
                 program.send(request)
                 self.assertEqual(program.exit_status(), 0, request.name)
 
     def test_a_save_comes_to_its_end(self):
         with Desktop() as desktop:
-            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
+            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
             program = desktop.start_program(LD_PRELOAD=os.environ["JOTWELL_SLOW_DISK"])
-            desktop.wait_for_window()
+            desktop.call_up()
             desktop.type_text("worth the wait /new_note ")
             desktop.press("ctrl+Return")
             in_vault = f"{desktop.vault}/"
@@ -42,10 +42,10 @@ class Termination(unittest.TestCase):
     def test_a_note_is_whole_or_absent(self):
         chance = random.Random(1)
         with Desktop() as desktop:
-            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="false")
+            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
             for number in range(ROUNDS):
                 program = desktop.start_program()
-                desktop.wait_for_window()
+                desktop.call_up()
                 desktop.type_text(f"thought {number} /new_note ")
                 desktop.press("ctrl+Return")
                 time.sleep(chance.uniform(0, 0.03))

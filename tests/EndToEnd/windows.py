@@ -39,13 +39,18 @@ class OtherWindow:
     def clicks(self):
         return self._process.output().count("ButtonPress event")
 
+    def keys(self):
+        """What it has noted of everything that it got."""
+        return self._process.output()
+
 
 class CaptureWindow:
     """Jotwell's window; the program runs hidden until `show`."""
 
-    def __init__(self, desktop, **environment):
+    def __init__(self, desktop, settings=None, **environment):
         self.desktop = desktop
-        desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
+        desktop.write_settings(
+            ObsidianFolderPath=desktop.vault, OnboardingCompleted="true", **(settings or {}))
         self.program = desktop.start_program(**environment)
         wait_until(lambda: desktop.owns_name("com.jotwell.Jotwell"), "the program")
 
@@ -97,11 +102,14 @@ class CaptureWindow:
 
 
 @contextlib.contextmanager
-def capturing(*, environment=None, **options):
-    """The hidden capture window over a white one that covers the desktop and has the keyboard."""
+def capturing(*, environment=None, settings=None, before=None, **options):
+    """The hidden capture window over a white one that covers the desktop and has the keyboard.
+    `before` is done on the desktop before the program starts."""
     with Desktop(**options) as desktop:
         desktop.other = OtherWindow(desktop, f"{options.get('size', '1280x800')}+0+0")
-        yield CaptureWindow(desktop, **(environment or {}))
+        if before:
+            before(desktop)
+        yield CaptureWindow(desktop, settings, **(environment or {}))
 
 
 def is_black(colour):

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Fakes/FakeFolderPanel.h"
 #include "Fakes/FakeWindowSystem.h"
 #include "Platform/InstanceDoor.h"
 #include "Platform/StatusItem.h"
@@ -48,6 +49,7 @@ struct FakeDesktop {
     FakeStatusItem statusItem;
     FakeWindowSystem windows;
     FakeTerminationSignals terminationSignals;
+    FakeFolderPanel folders;
 };
 
 } // namespace jotwell

@@ -1,5 +1,6 @@
 #include "Views/IndexBench.h"
 #include "Views/ListsBench.h"
+#include "Views/Onboarding/OnboardingBench.h"
 #include "Views/Settings/SettingsBench.h"
 #include "Views/ShortcutsBench.h"
 #include "Views/ViewBench.h"
@@ -27,6 +28,7 @@ public slots:
         qmlRegisterType<jotwell::ShortcutsBench>("JotwellTest", 1, 0, "ShortcutsBench");
         qmlRegisterType<jotwell::SettingsBench>("JotwellTest", 1, 0, "SettingsBench");
         qmlRegisterType<jotwell::ListsBench>("JotwellTest", 1, 0, "ListsBench");
+        qmlRegisterType<jotwell::OnboardingBench>("JotwellTest", 1, 0, "OnboardingBench");
         qmlRegisterType<jotwell::ViewBench>("JotwellTest", 1, 0, "ViewBench");
     }
 };

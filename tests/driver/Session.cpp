@@ -149,7 +149,7 @@ AppDelegate& Session::application()
         toasts();
         m_application = std::make_unique<AppDelegate>(
             Desktop{m_desktop.door, m_desktop.statusItem, m_desktop.windows,
-                    m_desktop.terminationSignals},
+                    m_desktop.terminationSignals, m_desktop.folders},
             m_platform.platform().scheduler, m_platform.platform().background);
         recordApplication();
     }

@@ -1,16 +1,14 @@
 #include "Platform/linux/DBusDoorObject.h"
 
+#include "Platform/linux/ActivationToken.h"
+
 namespace jotwell {
 
 namespace {
 
-// A Wayland compositor wants to see what the caller was given when it was started, or it may refuse
-// the window the keyboard. Qt looks for it in the environment.
 void takeActivationToken(const QVariantMap& platformData)
 {
-    const QString token = platformData.value(QStringLiteral("activation-token")).toString();
-    if (!token.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+    useActivationToken(platformData.value(QStringLiteral("activation-token")).toString());
 }
 
 } // namespace

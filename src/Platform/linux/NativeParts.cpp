@@ -4,6 +4,7 @@
 #include "Platform/linux/DBusInstanceDoor.h"
 #include "Platform/linux/InotifyFolderWatcher.h"
 #include "Platform/linux/LinuxFileSystems.h"
+#include "Platform/linux/LinuxHotkeyChannels.h"
 #include "Platform/linux/PcKeyNames.h"
 #include "Platform/linux/PortalAppearance.h"
 #include "Platform/linux/PortalLoginItem.h"
@@ -13,7 +14,6 @@
 #include "Platform/linux/XcbWindowSystem.h"
 #include "Platform/linux/XdgLoginItem.h"
 #include "Platform/linux/XdgWorkspace.h"
-#include "Platform/none/NoHotkeyChannels.h"
 #include "Platform/none/NoUpdater.h"
 #include "Platform/qt/QtFolderPanel.h"
 #include "Platform/qt/Updates/Appcast.h"
@@ -73,7 +73,7 @@ std::unique_ptr<Workspace> makeWorkspace()
 
 std::unique_ptr<HotkeyChannels> makeHotkeyChannels()
 {
-    return std::make_unique<NoHotkeyChannels>();
+    return std::make_unique<LinuxHotkeyChannels>();
 }
 
 std::unique_ptr<LoginItem> makeLoginItem(FileCalls& files)

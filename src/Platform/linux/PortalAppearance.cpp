@@ -1,5 +1,7 @@
 #include "Platform/linux/PortalAppearance.h"
 
+#include "Platform/linux/DesktopPortal.h"
+
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
@@ -17,19 +19,10 @@ namespace {
 
 using Settings = QMap<QString, QVariantMap>;
 
-const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 
 const QString appearanceGroup = QStringLiteral("org.freedesktop.appearance");
 const QString accessibilityGroup = QStringLiteral("org.gnome.desktop.a11y.interface");
-
-// A portal finds what implements its settings by the desktop's name: without one it would be
-// started for nothing.
-bool isPortalOfUse()
-{
-    return !qEnvironmentVariableIsEmpty("XDG_CURRENT_DESKTOP");
-}
 
 // Some portals wrap a value more than once.
 QVariant unwrapped(QVariant value)
@@ -60,10 +53,11 @@ PortalAppearance::PortalAppearance() : m_bus(QDBusConnection::sessionBus())
     qApp->installEventFilter(this);
     if (!m_bus.isConnected())
         return;
-    auto* watcher =
-        new QDBusServiceWatcher(service, m_bus, QDBusServiceWatcher::WatchForRegistration, this);
+    auto* watcher = new QDBusServiceWatcher(DesktopPortal::service, m_bus,
+                                            QDBusServiceWatcher::WatchForRegistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &PortalAppearance::ask);
-    m_bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
+    m_bus.connect(DesktopPortal::service, DesktopPortal::path, interface,
+                  QStringLiteral("SettingChanged"), this,
                   SLOT(settingChanged(QString, QString, QDBusVariant)));
     ask();
 }
@@ -82,9 +76,9 @@ bool PortalAppearance::eventFilter(QObject* watched, QEvent* event)
 
 void PortalAppearance::ask()
 {
-    auto question =
-        QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("ReadAll"));
-    question.setAutoStartService(isPortalOfUse());
+    auto question = QDBusMessage::createMethodCall(DesktopPortal::service, DesktopPortal::path,
+                                                   interface, QStringLiteral("ReadAll"));
+    question.setAutoStartService(DesktopPortal::isOfUse());
     question.setArguments({QStringList{appearanceGroup, accessibilityGroup}});
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {

@@ -32,6 +32,14 @@ xcb_atom_t xcbAtom(const QByteArray& name)
     return known[name] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
+xcb_window_t xcbRootOf(xcb_connection_t* connection, int screenNumber)
+{
+    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    for (; screenNumber > 0 && screens.rem > 1; --screenNumber)
+        xcb_screen_next(&screens);
+    return screens.data->root;
+}
+
 bool xcbSelectionHasOwner(const QByteArray& name)
 {
     auto* connection = xcbConnection();

@@ -17,6 +17,16 @@ namespace jotwell {
 
 [[nodiscard]] xcb_atom_t xcbAtom(const QByteArray& name);
 
+struct XcbDisconnect {
+    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+};
+
+/// A connection beside the program's own.
+using OwnXcbConnection = std::unique_ptr<xcb_connection_t, XcbDisconnect>;
+
+/// The root window of that screen of a connection.
+[[nodiscard]] xcb_window_t xcbRootOf(xcb_connection_t* connection, int screenNumber);
+
 /// Whether some client holds the selection of that name.
 [[nodiscard]] bool xcbSelectionHasOwner(const QByteArray& name);
 

@@ -1,7 +1,5 @@
 #include "Platform/linux/XcbSelectionWatch.h"
 
-#include "Platform/linux/XcbConnection.h"
-
 #include <QSocketNotifier>
 
 #include <algorithm>
@@ -16,14 +14,6 @@ namespace {
 constexpr uint32_t everyChange = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                  XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                  XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
-
-xcb_window_t rootOf(xcb_connection_t* connection, int screenNumber)
-{
-    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
-    for (; screenNumber > 0 && screens.rem > 1; --screenNumber)
-        xcb_screen_next(&screens);
-    return screens.data->root;
-}
 
 } // namespace
 
@@ -64,7 +54,7 @@ void XcbSelectionWatch::select(const QByteArray& name, int screenNumber)
 {
     auto* connection = m_connection.get();
     const auto atom = xcbAtom(name + QByteArray::number(screenNumber));
-    xcb_xfixes_select_selection_input(connection, rootOf(connection, screenNumber), atom,
+    xcb_xfixes_select_selection_input(connection, xcbRootOf(connection, screenNumber), atom,
                                       everyChange);
     const XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
         connection, xcb_get_selection_owner(connection, atom), nullptr));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/linux/XcbConnection.h"
+
 #include <QByteArray>
 
 #include <functional>
@@ -32,15 +34,12 @@ private:
         xcb_atom_t atom;
         xcb_window_t owner;
     };
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-    };
 
     void select(const QByteArray& name, int screenNumber);
     void readEvents();
     void setOwner(xcb_atom_t atom, xcb_window_t owner);
 
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    OwnXcbConnection m_connection;
     std::unique_ptr<QSocketNotifier> m_notifier;
     uint8_t m_notifyEvent = 0; ///< the type of the events that tell of owners
     std::vector<Selection> m_selections;

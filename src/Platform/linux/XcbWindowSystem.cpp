@@ -1,7 +1,7 @@
 #include "Platform/linux/XcbWindowSystem.h"
 
+#include "Platform/linux/PcKeys.h"
 #include "Platform/linux/XcbConnection.h"
-#include "Platform/linux/XcbKeyCodes.h"
 #include "Platform/linux/XcbScreens.h"
 #include "Platform/linux/XcbShape.h"
 

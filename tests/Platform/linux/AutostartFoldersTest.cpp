@@ -1,6 +1,7 @@
 #include "Platform/linux/AutostartFolders.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
@@ -85,8 +86,11 @@ TEST_F(AutostartFoldersTest, ImageThatHasStartedThisProgramIsAnother)
     const QTemporaryDir other;
     enterImage(QStringLiteral("/home/ada/Other.AppImage"), other.path());
     EXPECT_EQ(startedProgram(), m_program);
-    enterImage(QStringLiteral("/home/ada/Other.AppImage"), m_folder.chopped(1));
+    const QString namedAlike = m_folder.chopped(1);
+    ASSERT_TRUE(QDir().mkdir(namedAlike));
+    enterImage(QStringLiteral("/home/ada/Other.AppImage"), namedAlike);
     EXPECT_EQ(startedProgram(), m_program);
+    ASSERT_TRUE(QDir().rmdir(namedAlike));
     enterImage(QStringLiteral("/home/ada/Other.AppImage"), QStringLiteral("/no/such"));
     EXPECT_EQ(startedProgram(), m_program);
     enterImage(QStringLiteral("Other.AppImage"), m_folder);

@@ -150,6 +150,18 @@ TEST_F(PortalLoginItemTest, SilentPortalHoldsNobodyUp)
     EXPECT_TRUE(becomes(Status::notRegistered)) << "it has gone";
 }
 
+TEST_F(PortalLoginItemTest, PortalThatGoesWithoutAnAnswerIsNotWaitedFor)
+{
+    makePortal();
+    EXPECT_EQ(m_item.registerItem(), std::nullopt);
+    ASSERT_TRUE(m_portal->waitForQuestions(1));
+    QTest::qWait(ofTheBus);
+    EXPECT_EQ(m_item.status(), Status::requiresApproval);
+    m_portal.reset();
+    EXPECT_TRUE(becomes(Status::notRegistered));
+    EXPECT_EQ(m_log.errors().size(), 1);
+}
+
 TEST_F(PortalLoginItemTest, LastOfTwoWishesCounts)
 {
     makePortal();

@@ -4,6 +4,7 @@
 #include "Services/ScratchFolder.h"
 #include "Services/Unprivileged.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -53,6 +54,13 @@ protected:
     }
 
     [[nodiscard]] DesktopEntry entry() const { return DesktopEntry(m_folder.bytesOf(entryName)); }
+
+    /// What lies in the user's folder, hidden files too.
+    [[nodiscard]] QStringList entries() const
+    {
+        return QDir(m_folder.pathOf(u"config/autostart"_qs))
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
 
     [[nodiscard]] static mode_t modeOf(const QString& path)
     {
@@ -374,7 +382,8 @@ TEST_F(XdgLoginItemTest, FailedWriteLeavesEverythingAsItWas)
     m_folder.makeFolder(u"config/autostart"_qs);
     const auto prepare = [&](int kind) {
         m_calls.failAt({}, 0);
-        QFile::remove(m_folder.pathOf(entryName));
+        for (const QString& left : entries())
+            QFile::remove(m_folder.pathOf(u"config/autostart/"_qs + left));
         if (kind == 1)
             m_folder.put(entryName, plainEntry);
         if (kind == 2)
@@ -384,14 +393,14 @@ TEST_F(XdgLoginItemTest, FailedWriteLeavesEverythingAsItWas)
         int failed = 0;
         for (int call = 0; call < 30; ++call) {
             prepare(kind);
-            const QStringList before = m_folder.names();
+            const QStringList before = entries();
             m_calls.failAt(call, EIO);
             const auto reason = item().registerItem();
             if (!reason)
                 continue; // it got by without that call
             ++failed;
             EXPECT_TRUE(reason->endsWith(u": Input/output error")) << qPrintable(*reason);
-            EXPECT_EQ(m_folder.names(), before) << kind << call;
+            EXPECT_EQ(entries(), before) << kind << call;
             if (kind > 0) {
                 EXPECT_EQ(m_folder.bytesOf(entryName), plainEntry);
             }

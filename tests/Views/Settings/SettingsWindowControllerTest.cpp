@@ -3,7 +3,6 @@
 #include "Fakes/FakeAppearance.h"
 #include "Views/Appearance.h"
 #include "Views/Settings/SettingsBench.h"
-#include "Views/Settings/SettingsWindow.h"
 
 #include <QGuiApplication>
 #include <QPointer>
@@ -27,13 +26,7 @@ protected:
         controller.showSettingsWithTab(tab);
         ASSERT_TRUE(QTest::qWaitForWindowActive(controller.settingsWindow()));
     }
-    SimpleSettingsView& view()
-    {
-        return *controller.settingsWindow()
-                    ->rootObject()
-                    ->property("view")
-                    .value<SimpleSettingsView*>();
-    }
+    SimpleSettingsView& view() { return *controller.view(); }
     QQuickItem* item(const char* name)
     {
         return controller.settingsWindow()->rootObject()->findChild<QQuickItem*>(
@@ -50,7 +43,7 @@ TEST_F(SettingsWindowControllerTest, IsAnOrdinaryWindowInTheMiddle)
 {
     EXPECT_EQ(controller.settingsWindow(), nullptr);
     show(globalHotkey);
-    const SettingsWindow& window = *controller.settingsWindow();
+    const SecondaryWindow& window = *controller.settingsWindow();
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(window.title(), QStringLiteral("Settings"));
     EXPECT_FALSE(window.flags().testFlag(Qt::FramelessWindowHint));
@@ -75,7 +68,7 @@ TEST_F(SettingsWindowControllerTest, GroundIsThatOfTheAppearance)
 TEST_F(SettingsWindowControllerTest, OpenWindowComesForwardOnItsOwnTab)
 {
     show(other);
-    const SettingsWindow* const first = controller.settingsWindow();
+    const SecondaryWindow* const first = controller.settingsWindow();
     show(globalHotkey);
     EXPECT_EQ(controller.settingsWindow(), first);
     EXPECT_EQ(view().selectedItem(), other);
@@ -103,9 +96,10 @@ TEST_F(SettingsWindowControllerTest, ComesBackFromAnIcon)
 TEST_F(SettingsWindowControllerTest, ClosedWindowIsMadeAnewOnTheRequestedTab)
 {
     show(globalHotkey);
-    const QPointer<SettingsWindow> first = controller.settingsWindow();
+    const QPointer<SecondaryWindow> first = controller.settingsWindow();
     first->close();
     EXPECT_EQ(controller.settingsWindow(), nullptr);
+    EXPECT_EQ(controller.view(), nullptr);
     bench.advance(0);
     EXPECT_TRUE(first.isNull());
     show(other);
@@ -126,7 +120,7 @@ TEST_F(SettingsWindowControllerTest, ReopensBeforeTheClosedOneHasGone)
 TEST_F(SettingsWindowControllerTest, OtherWindowsMayClose)
 {
     show(globalHotkey);
-    const SettingsWindow* const open = controller.settingsWindow();
+    const SecondaryWindow* const open = controller.settingsWindow();
     QWindow another;
     another.show();
     another.close();
@@ -168,8 +162,7 @@ TEST_F(SettingsWindowControllerTest, WhatWasSavedIsStoredThoughTheWindowCloses)
 TEST_F(SettingsWindowControllerTest, KeyboardBeginsInTheSidebarAndEscapeClosesNothing)
 {
     show(globalHotkey);
-    EXPECT_EQ(controller.settingsWindow()->activeFocusItem()->objectName(),
-              QStringLiteral("row0"));
+    EXPECT_EQ(controller.settingsWindow()->activeFocusItem()->objectName(), QStringLiteral("row0"));
     QTest::keyClick(controller.settingsWindow(), Qt::Key_Escape);
     ASSERT_NE(controller.settingsWindow(), nullptr);
     EXPECT_TRUE(controller.settingsWindow()->isVisible());

@@ -13,6 +13,7 @@ namespace jotwell {
 namespace {
 
 constexpr int ok = 200;
+constexpr int firstFailure = 400;
 
 } // namespace
 
@@ -83,9 +84,10 @@ void FeedFetch::readEnd()
 
 QString FeedFetch::failure() const
 {
-    if (m_reply->error() != QNetworkReply::NoError)
-        return m_reply->errorString();
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    // What the host says of its own failure has no place in a log.
+    if (m_reply->error() != QNetworkReply::NoError && status < firstFailure)
+        return m_reply->errorString();
     if (status != ok)
         return QStringLiteral("the host answers with status %1").arg(status);
     const QByteArray encoding = m_reply->rawHeader("Content-Encoding");

@@ -1,0 +1,244 @@
+#include "Platform/linux/PortalShortcuts.h"
+
+#include "Platform/linux/ActivationToken.h"
+#include "Platform/linux/DesktopPortal.h"
+#include "Platform/linux/HotkeyText.h"
+#include "Platform/linux/PortalPermission.h"
+#include "Platform/linux/PortalShortcut.h"
+
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+#include <QDBusServiceWatcher>
+#include <QPointer>
+
+#include <utility>
+
+namespace jotwell {
+
+namespace {
+
+const QString interface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
+const QString sessionInterface = QStringLiteral("org.freedesktop.portal.Session");
+const QString registryInterface = QStringLiteral("org.freedesktop.host.portal.Registry");
+const QString applicationId = QStringLiteral("com.jotwell.Jotwell");
+
+QDBusMessage question(const QString& interface, const QString& method,
+                      const QVariantList& arguments)
+{
+    auto message = QDBusMessage::createMethodCall(DesktopPortal::service, DesktopPortal::path,
+                                                  interface, method);
+    message.setAutoStartService(DesktopPortal::isOfUse());
+    message.setArguments(arguments);
+    return message;
+}
+
+// A connection of our own: a portal takes a program for the one that its first word came from.
+QDBusConnection ownConnection()
+{
+    static int connections = 0;
+    return QDBusConnection::connectToBus(QDBusConnection::SessionBus,
+                                         QStringLiteral("jotwell-shortcuts-%1").arg(++connections));
+}
+
+} // namespace
+
+class PortalShortcuts::Listener : public HotkeyChannel {
+public:
+    explicit Listener(PortalShortcuts* shortcuts) : m_shortcuts(shortcuts) {}
+    ~Listener() override
+    {
+        if (m_shortcuts) {
+            m_shortcuts->m_handler = nullptr;
+            m_shortcuts->end();
+        }
+    }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+private:
+    const QPointer<PortalShortcuts> m_shortcuts;
+};
+
+PortalShortcuts::PortalShortcuts(PortalPermission& permission)
+    : m_permission(permission), m_bus(ownConnection())
+{
+    registerPortalShortcut();
+    qRegisterMetaType<QDBusObjectPath>(); // slots are found by the names of known types
+    if (!m_bus.isConnected())
+        return;
+    auto* watcher = new QDBusServiceWatcher(DesktopPortal::service, m_bus,
+                                            QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString&, const QString& oldOwner, const QString& newOwner) {
+                portalChanged(oldOwner, newOwner);
+            });
+    m_bus.connect(DesktopPortal::service, DesktopPortal::path, interface,
+                  QStringLiteral("Activated"), this,
+                  SLOT(activated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
+}
+
+PortalShortcuts::~PortalShortcuts()
+{
+    end();
+    QDBusConnection::disconnectFromBus(m_bus.name());
+}
+
+void PortalShortcuts::ask(const Hotkey& hotkey)
+{
+    if (m_state != State::bound || m_hotkey != hotkey)
+        begin(hotkey);
+}
+
+std::unique_ptr<HotkeyChannel> PortalShortcuts::listen(const Hotkey& hotkey,
+                                                       HotkeyChannels::MonitorHandler handler)
+{
+    if (!m_bus.isConnected())
+        return nullptr;
+    m_handler = std::move(handler);
+    const bool isUnderWay = m_state == State::asking || m_state == State::bound;
+    if (!isUnderWay || m_hotkey != hotkey)
+        begin(hotkey);
+    return std::make_unique<Listener>(this);
+}
+
+void PortalShortcuts::begin(const Hotkey& hotkey)
+{
+    end();
+    if (!m_bus.isConnected() || triggerOf(hotkey).isEmpty())
+        return;
+    m_hotkey = hotkey;
+    m_state = State::asking;
+    introduceProgram();
+}
+
+void PortalShortcuts::end()
+{
+    m_introduction.reset();
+    m_request.reset();
+    m_state = State::idle;
+    if (const QString session = forgetSession(); !session.isEmpty()) {
+        auto message = QDBusMessage::createMethodCall(DesktopPortal::service, session,
+                                                      sessionInterface, QStringLiteral("Close"));
+        message.setAutoStartService(false);
+        m_bus.send(message);
+    }
+}
+
+QString PortalShortcuts::forgetSession()
+{
+    if (!m_session.isEmpty())
+        m_bus.disconnect(DesktopPortal::service, m_session, sessionInterface,
+                         QStringLiteral("Closed"), this, SLOT(sessionClosed()));
+    return std::exchange(m_session, {});
+}
+
+// Portals that can't be told, or know it already, refuse: that is all the same.
+void PortalShortcuts::introduceProgram()
+{
+    m_introduction = std::make_unique<QObject>();
+    const auto call = m_bus.asyncCall(
+        question(registryInterface, QStringLiteral("Register"), {applicationId, QVariantMap()}));
+    auto* watcher = new QDBusPendingCallWatcher(call, m_introduction.get());
+    connect(watcher, &QDBusPendingCallWatcher::finished, m_introduction.get(),
+            [this] { createSession(); });
+}
+
+void PortalShortcuts::createSession()
+{
+    const QString token = nextToken();
+    const QVariantMap options{{QStringLiteral("handle_token"), token},
+                              {QStringLiteral("session_handle_token"), token}};
+    m_request.reset(new PortalRequest(m_bus, token));
+    m_request->call(question(interface, QStringLiteral("CreateSession"), {options}),
+                    [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
+                        m_session = results.value(QStringLiteral("session_handle")).toString();
+                        if (outcome == PortalRequest::Outcome::granted && !m_session.isEmpty())
+                            bind();
+                        else
+                            lose();
+                    });
+}
+
+void PortalShortcuts::bind()
+{
+    m_bus.connect(DesktopPortal::service, m_session, sessionInterface, QStringLiteral("Closed"),
+                  this, SLOT(sessionClosed()));
+    const QString token = nextToken();
+    const PortalShortcut shortcut{
+        shortcutId(),
+        {{QStringLiteral("description"), QStringLiteral("Show or hide Jotwell")},
+         {QStringLiteral("preferred_trigger"), triggerOf(m_hotkey)}}};
+    const QVariantList arguments{QVariant::fromValue(QDBusObjectPath(m_session)),
+                                 QVariant::fromValue(QList<PortalShortcut>{shortcut}), QString(),
+                                 QVariantMap{{QStringLiteral("handle_token"), token}}};
+    m_request.reset(new PortalRequest(m_bus, token));
+    m_request->call(question(interface, QStringLiteral("BindShortcuts"), arguments),
+                    [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
+                        takeBinding(outcome, results);
+                    });
+}
+
+void PortalShortcuts::takeBinding(PortalRequest::Outcome outcome, const QVariantMap& results)
+{
+    if (outcome == PortalRequest::Outcome::failed) {
+        lose();
+        return;
+    }
+    const bool isBound = outcome == PortalRequest::Outcome::granted &&
+                         isNamed(shortcutId(), results.value(QStringLiteral("shortcuts")));
+    if (isBound) {
+        m_state = State::bound;
+        m_permission.give();
+    } else {
+        end();
+        m_state = State::denied;
+        m_permission.withdraw();
+    }
+}
+
+// The portal is asked again when it comes back, and by the user's next wish.
+void PortalShortcuts::lose()
+{
+    end();
+    m_state = State::lost;
+}
+
+void PortalShortcuts::portalChanged(const QString& oldOwner, const QString& newOwner)
+{
+    const bool isWanted = m_state != State::idle && m_state != State::denied;
+    if (!oldOwner.isEmpty() && isWanted) {
+        forgetSession(); // it went with the portal
+        lose();
+    }
+    if (!newOwner.isEmpty() && m_state == State::lost)
+        begin(m_hotkey);
+}
+
+void PortalShortcuts::activated(const QDBusObjectPath& session, const QString& id, qulonglong,
+                                const QVariantMap& options)
+{
+    const bool isOurs = session.path() == m_session && id == shortcutId();
+    if (!isOurs || m_state != State::bound || !m_handler)
+        return;
+    useActivationToken(options.value(QStringLiteral("activation_token")).toString());
+    m_handler({KeyEvent::keyDown, static_cast<int>(m_hotkey.keyCode), m_hotkey.modifiers});
+}
+
+void PortalShortcuts::sessionClosed()
+{
+    forgetSession();
+    lose();
+}
+
+QString PortalShortcuts::nextToken()
+{
+    return QStringLiteral("jotwell%1").arg(++m_tokens);
+}
+
+// A desktop keeps what the user has decided about a shortcut, and another key is another one.
+QString PortalShortcuts::shortcutId() const
+{
+    return QStringLiteral("toggle-%1-%2").arg(m_hotkey.keyCode).arg(m_hotkey.modifiers);
+}
+
+} // namespace jotwell

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "Platform/HotkeyChannels.h"
+#include "Platform/linux/PortalRequest.h"
+
+#include <QDBusConnection>
+#include <QObject>
+
+#include <optional>
+
+class QDBusObjectPath;
+
+namespace jotwell {
+
+class PortalPermission;
+
+/// Has the desktop's portal tell when one shortcut is pressed. The user may be asked by the desktop
+/// and may have chosen another key there. The bus is never waited for; a portal that isn't there,
+/// refuses or never answers means that nothing is heard, and one that comes back is asked again.
+/// Main thread.
+class PortalShortcuts : public QObject {
+    Q_OBJECT
+
+public:
+    explicit PortalShortcuts(PortalPermission& permission);
+    ~PortalShortcuts() override;
+
+    /// Asks the user, unless the desktop has given us this shortcut already.
+    void ask(const Hotkey& hotkey);
+
+    /// Asks for the shortcut if that isn't under way, and calls `handler` at each press for as long
+    /// as the channel lives; null without a bus. One at a time.
+    [[nodiscard]] std::unique_ptr<HotkeyChannel> listen(const Hotkey& hotkey,
+                                                        HotkeyChannels::MonitorHandler handler);
+
+private:
+    enum class State { idle, asking, bound, denied, lost };
+    class Listener;
+
+    void begin(const Hotkey& hotkey);
+    void end();
+    QString forgetSession();
+    void introduceProgram();
+    void createSession();
+    void bind();
+    void takeBinding(PortalRequest::Outcome outcome, const QVariantMap& results);
+    void lose();
+    void portalChanged(const QString& oldOwner, const QString& newOwner);
+    [[nodiscard]] QString nextToken();
+    [[nodiscard]] QString shortcutId() const;
+
+    PortalPermission& m_permission;
+    QDBusConnection m_bus;
+    HotkeyChannels::MonitorHandler m_handler;
+    State m_state = State::idle;
+    Hotkey m_hotkey;
+    QString m_session;                       ///< the path of its object; empty if there is none
+    std::unique_ptr<QObject> m_introduction; ///< what comes of it is dropped with this
+    PortalRequestPointer m_request;
+    int m_tokens = 0;
+
+private slots:
+    void activated(const QDBusObjectPath& session, const QString& id, qulonglong timestamp,
+                   const QVariantMap& options);
+    void sessionClosed();
+};
+
+} // namespace jotwell
