@@ -58,6 +58,8 @@ Item {
                         view.width - view.displayPadding - view.padding - view.spacing
                         - view.buttonsWidth)
         height: caps.height
+        // A stop of the keyboard, as Tab goes astray from an item that is none.
+        activeFocusOnTab: activeFocus || view.recorder.isRecording
 
         Accessible.role: Accessible.StaticText
         Accessible.name: view.recorder.isWaiting ? prompt.text

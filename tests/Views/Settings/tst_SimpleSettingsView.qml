@@ -146,6 +146,19 @@ TestCase {
         verify(part("checkNow").activeFocus)
     }
 
+    function test_tab_goes_through_a_recording() {
+        part("recordButton").forceActiveFocus(Qt.TabFocusReason)
+        keyClick(Qt.Key_Space)
+        bench.key(settings, true, Qt.Key_K, Qt.ControlModifier, 40)
+        for (const name of ["cancelButton", "saveButton"]) {
+            bench.key(settings, true, Qt.Key_Tab, Qt.NoModifier, 48)
+            verify(part(name).activeFocus, name)
+        }
+        bench.key(settings, true, Qt.Key_Backtab, Qt.ShiftModifier, 48)
+        bench.key(settings, true, Qt.Key_Backtab, Qt.ShiftModifier, 48)
+        verify(part("display").activeFocus)
+    }
+
     function test_accessible_sidebar() {
         compare(part("sidebar").Accessible.role, Accessible.List)
         compare(row(1).Accessible.role, Accessible.ListItem)
