@@ -76,12 +76,14 @@ quint64 modifierFlags(Qt::KeyboardModifiers modifiers)
 KeyEvent keyEventOf(const QKeyEvent& event, const WindowSystem& windowSystem)
 {
     const quint64 flags = modifierFlags(event.modifiers());
-    const int key = isShiftedAlt(event, windowSystem) ? Qt::Key_Alt : event.key();
-    if (const quint64 own = ownFlag(key)) {
-        const bool isDown = event.type() == QEvent::KeyPress;
-        return {KeyEvent::flagsChanged, nowhere, isDown ? flags | own : flags & ~own};
+    const bool isDown = event.type() == QEvent::KeyPress;
+    if (isShiftedAlt(event, windowSystem)) { // of its wrong name, Qt adds the modifier
+        const quint64 others = flags & ~(ModifierBit::control | ModifierBit::option);
+        return {KeyEvent::flagsChanged, nowhere, isDown ? others | ModifierBit::option : others};
     }
-    if (isLock(key))
+    if (const quint64 own = ownFlag(event.key()))
+        return {KeyEvent::flagsChanged, nowhere, isDown ? flags | own : flags & ~own};
+    if (isLock(event.key()))
         return {KeyEvent::flagsChanged, nowhere, flags};
     return {KeyEvent::keyDown, keyCodeOf(event, windowSystem), flags};
 }
