@@ -214,13 +214,16 @@ TEST_F(SettingsScreensTest, LaunchAtLoginIsSwitchedAtOnce)
 
 TEST_F(SettingsScreensTest, UpdatesShowWhatTheManagerKnows)
 {
-    const QSignalSpy changes(&updates, &UpdateSettingsView::changed);
+    QSignalSpy changes(&updates, &UpdateSettingsView::changed);
     EXPECT_FALSE(updates.updateAvailable());
     EXPECT_EQ(updates.latestVersion(), QString());
     bench.findUpdate(QStringLiteral("2.1"));
     EXPECT_TRUE(updates.updateAvailable());
     EXPECT_EQ(updates.latestVersion(), QStringLiteral("2.1"));
     EXPECT_GT(changes.size(), 0);
+    changes.clear();
+    bench.findUpdate(QStringLiteral("2.2"));
+    EXPECT_EQ(changes.size(), 1) << "another version alone";
     updates.checkForUpdatesInBackground();
     EXPECT_EQ(bench.backgroundChecks(), 1);
     EXPECT_FALSE(updates.updateAvailable());
