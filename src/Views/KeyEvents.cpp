@@ -9,6 +9,8 @@ namespace jotwell {
 namespace {
 
 constexpr int escape = 53;
+constexpr int leftOption = 58;
+constexpr int rightOption = 61;
 constexpr int nowhere = -1;
 
 // The bit that goes up or down with a modifier's own key; none for other keys.
@@ -28,6 +30,15 @@ quint64 ownFlag(int key)
     default:
         return 0;
     }
+}
+
+// With Shift held, X11 calls the Alt key Meta, as it does with the Super key always.
+bool isShiftedAlt(const QKeyEvent& event, const WindowSystem& windowSystem)
+{
+    if (event.key() != Qt::Key_Meta || !event.modifiers().testFlag(Qt::ShiftModifier))
+        return false;
+    const auto place = windowSystem.keyCode(event);
+    return place == leftOption || place == rightOption;
 }
 
 bool isLock(int key)
@@ -65,10 +76,13 @@ quint64 modifierFlags(Qt::KeyboardModifiers modifiers)
 KeyEvent keyEventOf(const QKeyEvent& event, const WindowSystem& windowSystem)
 {
     const quint64 flags = modifierFlags(event.modifiers());
-    if (const quint64 own = ownFlag(event.key())) {
-        const bool isDown = event.type() == QEvent::KeyPress;
-        return {KeyEvent::flagsChanged, nowhere, isDown ? flags | own : flags & ~own};
+    const bool isDown = event.type() == QEvent::KeyPress;
+    if (isShiftedAlt(event, windowSystem)) { // of its wrong name, Qt adds the modifier
+        const quint64 others = flags & ~(ModifierBit::control | ModifierBit::option);
+        return {KeyEvent::flagsChanged, nowhere, isDown ? others | ModifierBit::option : others};
     }
+    if (const quint64 own = ownFlag(event.key()))
+        return {KeyEvent::flagsChanged, nowhere, isDown ? flags | own : flags & ~own};
     if (isLock(event.key()))
         return {KeyEvent::flagsChanged, nowhere, flags};
     return {KeyEvent::keyDown, keyCodeOf(event, windowSystem), flags};

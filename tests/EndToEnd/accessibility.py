@@ -39,6 +39,7 @@ class Role(enum.IntEnum):
     PUSH_BUTTON = 43
     TEXT = 61
     APPLICATION = 75
+    HEADING = 83
     NOTIFICATION = 101
 
 

@@ -8,8 +8,7 @@
 #include "Services/SettingsService.h"
 #include "Services/SparkleUpdateManager.h"
 #include "Services/ToastManager.h"
-#include "Views/Settings/SettingsWindow.h"
-#include "Views/Settings/SimpleSettingsView.h"
+#include "Views/Settings/SettingsWindowController.h"
 #include "Views/ViewResources.h"
 
 #include <QCommandLineParser>
@@ -117,13 +116,13 @@ int show(const Options& options)
 {
     Settings settings;
     settings.fake.hotkeys.trusted = options.state != QLatin1String("denied");
-    SimpleSettingsView view(settings.services(), settings.windowSystem, options.tab);
-    settings.bring(view, options.state);
-    SettingsWindow window(view, settings.windowSystem);
+    SettingsWindowController controller(settings.services(), settings.windowSystem);
+    controller.showSettingsWithTab(options.tab);
+    SecondaryWindow& window = *controller.settingsWindow();
     if (window.status() != QQuickView::Ready)
         return 1;
-    window.resize(options.size.isValid() ? options.size : SettingsWindow::contentSize);
-    window.show();
+    settings.bring(*controller.view(), options.state);
+    window.resize(options.size.isValid() ? options.size : SettingsWindowController::contentSize);
     if (!options.screenshot.isEmpty())
         takeScreenshot(window, options.screenshot);
     return QGuiApplication::exec();

@@ -1,6 +1,7 @@
 #include "Views/IndexBench.h"
 #include "Views/ListsBench.h"
 #include "Views/Onboarding/OnboardingBench.h"
+#include "Views/Settings/SettingsBench.h"
 #include "Views/ShortcutsBench.h"
 #include "Views/ViewBench.h"
 #include "Views/ViewResources.h"
@@ -25,6 +26,7 @@ public slots:
         jotwell::installViewResources(*engine);
         qmlRegisterType<jotwell::IndexBench>("JotwellTest", 1, 0, "IndexBench");
         qmlRegisterType<jotwell::ShortcutsBench>("JotwellTest", 1, 0, "ShortcutsBench");
+        qmlRegisterType<jotwell::SettingsBench>("JotwellTest", 1, 0, "SettingsBench");
         qmlRegisterType<jotwell::ListsBench>("JotwellTest", 1, 0, "ListsBench");
         qmlRegisterType<jotwell::OnboardingBench>("JotwellTest", 1, 0, "OnboardingBench");
         qmlRegisterType<jotwell::ViewBench>("JotwellTest", 1, 0, "ViewBench");

@@ -19,7 +19,7 @@ Row {
         KeyboardKeyView {
             required property string modelData
 
-            anchors.verticalCenter: parent.verticalCenter
+            anchors.verticalCenter: shortcut.verticalCenter
             key: modelData
             size: shortcut.size
             isHighlighted: shortcut.pressedKeys.includes(modelData)

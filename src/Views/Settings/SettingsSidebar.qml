@@ -27,9 +27,16 @@ Column {
         takeFocus()
     }
 
+    // A click leaves the keyboard where it is, but takes it along within the list.
+    function choose(index: int): void {
+        const hadFocus = rows.itemAt(view.selectedRow).hasFocus
+        view.select(index)
+        if (hadFocus)
+            takeFocus()
+    }
+
     function takeFocus(): void {
-        const entry = rows.itemAt(view.selectedRow) as SidebarEntry
-        entry?.takeFocus()
+        rows.itemAt(view.selectedRow).takeFocus()
     }
 
     component SidebarEntry: Column {
@@ -39,6 +46,7 @@ Column {
         required property string heading
         required property string symbol
         required property string title
+        readonly property bool hasFocus: row.activeFocus
 
         width: sidebar.width
 
@@ -68,8 +76,8 @@ Column {
             symbol: entry.symbol
             title: entry.title
             isSelected: entry.index === sidebar.view.selectedRow
-            activeFocusOnTab: isSelected
-            onAction: sidebar.view.select(entry.index)
+            activeFocusOnTab: activeFocus || isSelected
+            onAction: sidebar.choose(entry.index)
         }
     }
 

@@ -1,11 +1,17 @@
 #include "Views/Settings/SettingsWindowController.h"
 
 #include "Platform/Scheduler.h"
-#include "Views/Settings/SettingsWindow.h"
 
 #include <utility>
 
 namespace jotwell {
+
+namespace {
+
+// No control lies on another in it.
+constexpr QSize leastSize(760, 360);
+
+} // namespace
 
 SettingsWindowController::SettingsWindowController(const SettingsServices& services,
                                                    WindowSystem& windowSystem)
@@ -17,25 +23,27 @@ SettingsWindowController::~SettingsWindowController() = default;
 
 void SettingsWindowController::showSettingsWithTab(const QString& tab)
 {
-    if (!m_open)
+    if (!m_window)
         open(tab);
-    m_open->window->makeKeyAndOrderFront();
+    m_window->makeKeyAndOrderFront();
 }
 
 void SettingsWindowController::open(const QString& tab)
 {
-    m_open = std::make_unique<Open>();
-    m_open->view = std::make_unique<SimpleSettingsView>(m_services, m_windowSystem, tab);
-    m_open->window = std::make_unique<SettingsWindow>(*m_open->view, m_windowSystem);
-    connect(m_open->window.get(), &SettingsWindow::willClose, this,
+    auto view = std::make_unique<SimpleSettingsView>(m_services, m_windowSystem, tab);
+    m_view = view.get();
+    const SecondaryWindow::Looks looks{QStringLiteral("Settings"), contentSize, leastSize,
+                                       QStringLiteral("Settings/SimpleSettingsView.qml")};
+    m_window = std::make_unique<SecondaryWindow>(looks, std::move(view), m_windowSystem);
+    connect(m_window.get(), &SecondaryWindow::willClose, this,
             &SettingsWindowController::windowWillClose);
 }
 
 // It is in the middle of its own event; and what has just been saved is stored first.
 void SettingsWindowController::windowWillClose()
 {
-    m_open->view->leave();
-    m_closed.push_back(std::move(m_open));
+    m_view->leave();
+    m_closed.push_back(std::move(m_window));
     m_services.scheduler.after({}, this, [this] { m_closed.clear(); });
 }
 

@@ -1,19 +1,19 @@
 #pragma once
 
+#include "Views/SecondaryWindow.h"
 #include "Views/Settings/SimpleSettingsView.h"
 
-#include <memory>
 #include <vector>
 
 namespace jotwell {
-
-class SettingsWindow;
 
 /// Makes the settings window on demand, and lets it go when it is closed. Main thread.
 class SettingsWindowController : public QObject {
     Q_OBJECT
 
 public:
+    static constexpr QSize contentSize{900, 600};
+
     SettingsWindowController(const SettingsServices& services, WindowSystem& windowSystem);
     ~SettingsWindowController() override;
 
@@ -21,25 +21,19 @@ public:
     /// stays as it is.
     void showSettingsWithTab(const QString& tab);
 
-    /// Null while there is none.
-    [[nodiscard]] SettingsWindow* settingsWindow()
-    {
-        return m_open ? m_open->window.get() : nullptr;
-    }
+    /// Both null while there is none.
+    [[nodiscard]] SecondaryWindow* settingsWindow() { return m_window.get(); }
+    [[nodiscard]] SimpleSettingsView* view() { return m_window ? m_view : nullptr; }
 
 private:
-    struct Open {
-        std::unique_ptr<SimpleSettingsView> view;
-        std::unique_ptr<SettingsWindow> window; ///< shows the view, and goes first
-    };
-
     void open(const QString& tab);
     void windowWillClose();
 
     SettingsServices m_services;
     WindowSystem& m_windowSystem;
-    std::unique_ptr<Open> m_open;
-    std::vector<std::unique_ptr<Open>> m_closed; ///< until the window is out of its last event
+    std::unique_ptr<SecondaryWindow> m_window;
+    SimpleSettingsView* m_view = nullptr;                   ///< of the window
+    std::vector<std::unique_ptr<SecondaryWindow>> m_closed; ///< until out of their last event
 };
 
 } // namespace jotwell

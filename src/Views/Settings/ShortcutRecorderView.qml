@@ -10,11 +10,12 @@ Item {
     property var pressedKeys: []
 
     readonly property int padding: 8
+    readonly property int displayPadding: 12
     readonly property int spacing: 8
     readonly property int leastDisplayWidth: 200
     readonly property real buttonsWidth: recorder.isRecording ? recordingButtons.width : recordButton.width
 
-    implicitWidth: leastDisplayWidth + spacing + buttonsWidth + 2 * padding
+    implicitWidth: leastDisplayWidth + spacing + buttonsWidth + displayPadding + padding
     implicitHeight: recordButton.height + 2 * padding
 
     // The keyboard stays with the recorder, but on no button that a recorded key would work.
@@ -52,10 +53,13 @@ Item {
 
         objectName: "display"
         anchors.verticalCenter: parent.verticalCenter
-        x: view.padding
+        x: view.displayPadding
         width: Math.max(view.leastDisplayWidth,
-                        view.width - 2 * view.padding - view.spacing - view.buttonsWidth)
+                        view.width - view.displayPadding - view.padding - view.spacing
+                        - view.buttonsWidth)
         height: caps.height
+        // A stop of the keyboard, as Tab goes astray from an item that is none.
+        activeFocusOnTab: activeFocus || view.recorder.isRecording
 
         Accessible.role: Accessible.StaticText
         Accessible.name: view.recorder.isWaiting ? prompt.text
