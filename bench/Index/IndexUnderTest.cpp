@@ -13,10 +13,21 @@ namespace {
 
 Platform withWatcher(const Platform& platform, FolderWatcher& folders)
 {
-    return {platform.clock,     platform.scheduler,         platform.defaults,
-            platform.files,     platform.fileSystems,       folders,
-            platform.workspace, platform.background,        platform.bulk,
-            platform.database,  platform.applicationSupport};
+    return {platform.clock,
+            platform.steadyClock,
+            platform.scheduler,
+            platform.defaults,
+            platform.files,
+            platform.fileSystems,
+            folders,
+            platform.workspace,
+            platform.hotkeys,
+            platform.loginItem,
+            platform.updater,
+            platform.background,
+            platform.bulk,
+            platform.database,
+            platform.applicationSupport};
 }
 
 } // namespace

@@ -56,7 +56,7 @@ class Capture(unittest.TestCase):
             wait_until(lambda: desktop.owns_name("com.jotwell.Jotwell"), "the name on the bus")
             self.assertEqual(desktop.visible_windows(), [])
             self.assertEqual(desktop.start_program().exit_status(), 0)
-            desktop.call_up()
+            desktop.wait_for_window()
             self.assertTrue(program.is_running())
 
 

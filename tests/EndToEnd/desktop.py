@@ -151,7 +151,7 @@ class Desktop:
 
     def wait_for_window(self):
         """Waits until the capture window is on the screen and has the keyboard."""
-        wait_until(self.visible_windows, "the capture window")
+        wait_until(self._windows_of_a_woken_manager, "the capture window")
         wait_until(lambda: self.ask("xdotool", "getwindowfocus") in self.visible_windows(),
                    "the keyboard in the capture window")
 
@@ -199,6 +199,11 @@ class Desktop:
     def wait_for_banner(self, is_its_colour):
         """Waits for a toast of that colour, which takes a thirtieth of the screen or more."""
         wait_until(lambda: self.share_of(is_its_colour) > 0.03, "the banner of a toast")
+
+    def _windows_of_a_woken_manager(self):
+        # openbox may have slept over a window that came while it started.
+        self.ask("xdotool", "set_desktop", "0")
+        return self.visible_windows()
 
     def _times_listening(self):
         file = self.folder / "jotwell.out"

@@ -50,7 +50,7 @@ protected:
 
     QStringList takeLines()
     {
-        QStringList lines = log.lines();
+        QStringList lines = log.prints();
         log.clear();
         return lines;
     }

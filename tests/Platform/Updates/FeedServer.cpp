@@ -20,6 +20,7 @@ FeedServer::FeedServer(const QSslCertificate& certificate)
     QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
     tls.setLocalCertificate(certificate);
     tls.setPrivateKey(TestCertificates::usual().key());
+    tls.setAllowedNextProtocols({"h2", "http/1.1"}); // of which it understands the second
     m_server.setSslConfiguration(tls);
     QObject::connect(&m_server, &QTcpServer::pendingConnectionAvailable, &m_server, [this] {
         while (auto* socket = qobject_cast<QSslSocket*>(m_server.nextPendingConnection()))

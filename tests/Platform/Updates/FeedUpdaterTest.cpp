@@ -111,6 +111,8 @@ TEST_F(FeedUpdaterTest, ChecksByItselfOnceADayIfThatIsWanted)
     waitForEnd();
     EXPECT_EQ(m_news.told, goodNews);
     m_scheduler.advance(12h); // the clock stands still
+    waitForEnd();
+    EXPECT_EQ(m_news.told, goodNews);
     EXPECT_EQ(m_server.requests().size(), 1);
     m_clock.advance(24h);
     m_scheduler.advance(30min);
@@ -126,7 +128,29 @@ TEST_F(FeedUpdaterTest, FailedCheckWaitsForItsDayAsWell)
     waitForEnd();
     m_clock.advance(23h);
     m_scheduler.advance(23h);
+    waitForEnd();
+    EXPECT_THAT(m_news.told, ElementsAre(u"none"_qs));
     EXPECT_EQ(m_server.requests().size(), 1);
+}
+
+TEST_F(FeedUpdaterTest, CheckOfTheUserCountsForTheDay)
+{
+    m_server.answerFeed(goodFeed);
+    m_updater.setAutomaticallyChecksForUpdates(true);
+    check();
+    m_clock.advance(23h);
+    m_scheduler.advance(23h);
+    waitForEnd();
+    EXPECT_EQ(m_news.told, goodNews);
+}
+
+TEST_F(FeedUpdaterTest, SwitchedOnAgainItDoesNotBeginAnew)
+{
+    m_updater.setAutomaticallyChecksForUpdates(true);
+    m_scheduler.advance(3min);
+    m_updater.setAutomaticallyChecksForUpdates(true);
+    m_scheduler.advance(2min);
+    EXPECT_FALSE(m_updater.canCheckForUpdates());
 }
 
 TEST_F(FeedUpdaterTest, SwitchedOffItChecksNoMoreByItself)

@@ -119,7 +119,7 @@ TEST_F(SignFeedTest, KeyMustBeThereAndOfItsKind)
 {
     expectRefused(m_content, u"gone.pem"_qs);
     ASSERT_EQ(run(u"openssl"_qs,
-                  {u"genpkey"_qs, u"-algorithm"_qs, u"X25519"_qs, u"-out"_qs, u"other.pem"_qs}),
+                  {u"genpkey"_qs, u"-algorithm"_qs, u"ed448"_qs, u"-out"_qs, u"other.pem"_qs}),
               0);
     expectRefused(m_content, u"other.pem"_qs);
 }

@@ -246,6 +246,16 @@ TEST_F(PortalShortcutsTest, AnotherHotkeyIsAnotherShortcut)
     EXPECT_TRUE(hears(portal));
 }
 
+TEST_F(PortalShortcutsTest, ListeningForAnotherHotkeyThanWasAskedForAsksAgain)
+{
+    FakeShortcutsPortal portal;
+    shortcuts.ask(ctrlAltB);
+    ASSERT_TRUE(isGivenSoon());
+    const auto channel = listen(superShiftSpace);
+    ASSERT_TRUE(soon([&] { return portal.shortcutId.startsWith(u"toggle-49-"); }));
+    EXPECT_TRUE(hears(portal));
+}
+
 TEST_F(PortalShortcutsTest, NothingIsHeardBehindTheEndOfTheChannel)
 {
     FakeShortcutsPortal portal;

@@ -25,7 +25,7 @@ FeedFetch::FeedFetch(Scheduler& scheduler, FetchLimits limits)
 FeedFetch::~FeedFetch()
 {
     if (m_reply)
-        m_reply->disconnect(this); // breaking it off would tell that it has finished
+        m_reply->disconnect(this); // its own end is to reach nobody here
 }
 
 void FeedFetch::start(const QUrl& address, Done done)
@@ -56,7 +56,6 @@ QNetworkRequest FeedFetch::requestFor(const QUrl& address) const
                          QNetworkRequest::SameOriginRedirectPolicy);
     request.setMaximumRedirectsAllowed(m_limits.redirects);
     QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
-    tls.setProtocol(QSsl::TlsV1_2OrLater);
     tls.setPeerVerifyMode(QSslSocket::VerifyPeer);
     if (!m_limits.authorities.isEmpty())
         tls.setCaCertificates(m_limits.authorities);
