@@ -165,6 +165,8 @@ void Session::recordApplication()
     QObject::connect(&keys, &LocalKeyMonitor::insertCommand, &keys, [this](Command command) {
         m_effects.recordNotification(QStringLiteral("InsertCommand"),
                                      toJson(std::optional(command)), {});
+        if (m_window)
+            m_window->insertCommand(QVariant::fromValue(command));
     });
 }
 
