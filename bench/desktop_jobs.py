@@ -9,7 +9,7 @@ from index_jobs import make_vault
 
 sys.path.insert(0, str(ROOT / "tests" / "EndToEnd"))
 
-from desktop import Desktop  # noqa: E402
+from desktop import LISTENING, Desktop  # noqa: E402
 from processes import wait_until  # noqa: E402
 
 STARTS = 21
@@ -175,6 +175,27 @@ def timed_start(desktop, watcher, program):
     return (registered - start) * 1000
 
 
+def start_to_hotkey(desktop, watcher):
+    ours, bare = [], []
+    for _ in range(STARTS):
+        bare.append(timed_start(desktop, watcher, BUILD / "bench" / "BareTray"))
+        ours.append(timed_listening(desktop))
+    return Row("start of the process to the hotkey that works", summary(ours[1:]),
+               "a bare Qt program with a tray item", summary(bare[1:]), limits=(80, None))
+
+
+def timed_listening(desktop):
+    file = desktop.folder / "listening.out"
+    before = file.read_text().count(LISTENING) if file.exists() else 0
+    start = time.monotonic()
+    process = desktop.spawn("listening", [BUILD / "src" / "jotwell"])
+    while process.output().count(LISTENING) == before:
+        time.sleep(0.0005)
+    listening = time.monotonic()
+    process.stop()
+    return (listening - start) * 1000
+
+
 def memory(desktop):
     """Resident megabytes: hidden since the start, and after the window was shown once."""
     process = desktop.spawn("jotwell", [BUILD / "src" / "jotwell"])
@@ -232,7 +253,7 @@ def measure():
         watcher = desktop.spawn("watcher",
                                 ["/usr/bin/python3", ROOT / "tests" / "EndToEnd" / "notifier_watcher.py"])
         wait_until(lambda: desktop.owns_name("org.kde.StatusNotifierWatcher"), "the tray")
-        rows += [start_to_tray(desktop, watcher),
+        rows += [start_to_hotkey(desktop, watcher), start_to_tray(desktop, watcher),
                  first_show(desktop, "show the window for the first time, to the end of its first "
                                      "frame"),
                  first_show(desktop, "the same while the index of 10,000 notes is built", vault),

@@ -33,7 +33,7 @@ _BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC
 """
 
 # What the program says once its hotkey works.
-_LISTENING = "CGEvent tap monitoring started"
+LISTENING = "CGEvent tap monitoring started"
 
 # For a sanitized program. The standing clock is preloaded, before the sanitizer's own library; what
 # is known to leak is known by functions of libraries without frame pointers; and the locks of
@@ -207,7 +207,7 @@ class Desktop:
 
     def _times_listening(self):
         file = self.folder / "jotwell.out"
-        return file.read_text(errors="replace").count(_LISTENING) if file.exists() else 0
+        return file.read_text(errors="replace").count(LISTENING) if file.exists() else 0
 
     def _shot(self, *options):
         """The screen by rows: a byte each for red, green and blue."""
