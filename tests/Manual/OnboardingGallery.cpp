@@ -120,11 +120,12 @@ void pressTab(QWindow& window, int times)
     }
 }
 
-/// Once everything that moves has come to rest.
-void takeScreenshot(QQuickView& view, const QString& file)
+/// Once the window has the keyboard, and then once everything that moves has come to rest.
+void takeScreenshot(QQuickView& view, const Options& options)
 {
-    QTimer::singleShot(1200, &view, [&view, file] {
-        QGuiApplication::exit(view.grabWindow().save(file) ? 0 : 1);
+    QTimer::singleShot(300, &view, [&] { pressTab(view, options.tabs); });
+    QTimer::singleShot(1500, &view, [&] {
+        QGuiApplication::exit(view.grabWindow().save(options.screenshot) ? 0 : 1);
     });
 }
 
@@ -142,9 +143,8 @@ int show(const Options& options)
         return 1;
     window.makeKeyAndOrderFront();
     welcome.bring(view, options.step, options.state);
-    pressTab(window, options.tabs);
     if (!options.screenshot.isEmpty())
-        takeScreenshot(window, options.screenshot);
+        takeScreenshot(window, options);
     return QGuiApplication::exec();
 }
 
