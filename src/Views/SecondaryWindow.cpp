@@ -43,6 +43,7 @@ void SecondaryWindow::centre(QSize size)
     const QRect frame = main->availableGeometry();
     const QSize fitting = size.boundedTo(frame.size());
     const QSize room = frame.size() - fitting;
+    setMinimumSize(minimumSize().boundedTo(fitting));
     setGeometry({frame.topLeft() + QPoint(room.width() / 2, room.height() / 2), fitting});
 }
 

@@ -1,6 +1,7 @@
 #include "Platform/linux/LinuxHotkeyChannels.h"
 
 #include "Platform/linux/PortalShortcuts.h"
+#include "Platform/linux/StateFolder.h"
 #include "Platform/linux/XcbConnection.h"
 #include "Platform/linux/XcbKeyGrab.h"
 
@@ -16,7 +17,10 @@ bool hasKeysOfServer()
 
 } // namespace
 
-LinuxHotkeyChannels::LinuxHotkeyChannels() : m_permission(PortalPermission::usualFile(), m_files) {}
+LinuxHotkeyChannels::LinuxHotkeyChannels()
+    : m_permission(stateFile(QStringLiteral("global-hotkey-allowed")), m_files)
+{
+}
 
 LinuxHotkeyChannels::~LinuxHotkeyChannels() = default;
 

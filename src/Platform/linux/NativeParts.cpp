@@ -9,6 +9,7 @@
 #include "Platform/linux/PortalAppearance.h"
 #include "Platform/linux/PortalLoginItem.h"
 #include "Platform/linux/PosixFileCalls.h"
+#include "Platform/linux/StateFolder.h"
 #include "Platform/linux/TrayStatusItem.h"
 #include "Platform/linux/UnixTerminationSignals.h"
 #include "Platform/linux/XcbWindowSystem.h"
@@ -19,25 +20,11 @@
 #include "Platform/qt/Updates/Appcast.h"
 #include "Platform/qt/Updates/FeedUpdater.h"
 
-#include <QDir>
 #include <QFile>
 
 namespace jotwell {
 
 namespace {
-
-// Where a user's programs keep what outlives a run and is of no worth: the standard has a variable
-// for it, and Qt has no name for that before 6.7.
-QString stateFolder()
-{
-    const QString named = qEnvironmentVariable("XDG_STATE_HOME");
-    return QDir::isAbsolutePath(named) ? named : QDir::homePath() + QStringLiteral("/.local/state");
-}
-
-QString stateFile(const QString& name)
-{
-    return stateFolder() + QStringLiteral("/com.jotwell/") + name;
-}
 
 bool isInSandbox()
 {

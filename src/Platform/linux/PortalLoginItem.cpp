@@ -130,7 +130,9 @@ void PortalLoginItem::settle(bool isStarted)
         return;
     }
     QDir().mkpath(QFileInfo(m_answerFile).path());
-    if (const auto written = m_file.write(m_answerFile, "started by the portal\n"); !written)
+    if (const auto written = m_file.write(m_answerFile, "started by the portal\n",
+                                          AtomicFile::Permissions::ownerOnly);
+        !written)
         logError(QStringLiteral("LoginItem"),
                  m_answerFile + QStringLiteral(": ") + written.error().description());
 }

@@ -15,14 +15,6 @@ PortalPermission::PortalPermission(QString file, FileCalls& calls)
 {
 }
 
-QString PortalPermission::usualFile()
-{
-    QString folder = qEnvironmentVariable("XDG_STATE_HOME");
-    if (!QDir::isAbsolutePath(folder))
-        folder = QDir::homePath() + QStringLiteral("/.local/state");
-    return folder + QStringLiteral("/com.jotwell/global-hotkey-allowed");
-}
-
 void PortalPermission::give()
 {
     if (std::exchange(m_isGiven, true))

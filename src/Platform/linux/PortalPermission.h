@@ -13,9 +13,6 @@ public:
     /// `file` is where it is remembered, with its folder; neither need exist.
     PortalPermission(QString file, FileCalls& calls);
 
-    /// The usual place of that file.
-    [[nodiscard]] static QString usualFile();
-
     [[nodiscard]] bool isGiven() const { return m_isGiven; }
     /// What can't be remembered holds for the life of the process.
     void give();

@@ -34,15 +34,21 @@ Rectangle {
         totalSteps: root.view.totalSteps
     }
 
-    Item {
+    // On a screen that is too small for the window the step is scrolled.
+    Flickable {
         id: area
 
+        objectName: "area"
         anchors.top: indicator.bottom
         anchors.bottom: buttons.top
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.leftMargin: 52
         anchors.rightMargin: 52
+        contentHeight: Math.max(height, step.height)
+        interactive: step.height > height
+        clip: interactive
+        boundsBehavior: Flickable.StopAtBounds
 
         Loader {
             id: step
@@ -51,8 +57,8 @@ Rectangle {
             property real animationOffset: 0
 
             objectName: "step"
-            width: parent.width
-            y: Math.max(0, (parent.height - height) / 2)
+            width: area.width
+            y: (area.contentHeight - height) / 2
             sourceComponent: root.stepAt(root.view.currentStep)
             transform: Translate { x: step.animationOffset }
         }
@@ -130,6 +136,7 @@ Rectangle {
         function onCurrentStepChanged(): void {
             step.animationOffset = root.view.currentStep > lastStep ? 60 : -60
             lastStep = root.view.currentStep
+            area.contentY = 0
             arrival.restart()
             appearance.restart()
         }

@@ -52,17 +52,20 @@ Column {
 
             Mark {
                 required property int index
+                // Drawn at its size: an item that is scaled loses its smooth edge.
+                property real magnification: indicator.currentStep === index + 1 ? 1.5 : 1
 
                 objectName: "circle" + (index + 1)
                 x: index * (indicator.circleSize + indicator.lineWidth)
-                width: indicator.circleSize
+                   + (indicator.circleSize - width) / 2
+                anchors.verticalCenter: parent.verticalCenter
+                width: indicator.circleSize * magnification
                 height: width
                 radius: width / 2
                 isReached: indicator.currentStep >= index + 1
-                scale: indicator.currentStep === index + 1 ? 1.5 : 1
 
                 // Response 0.3 s and damping 0.8 in the terms of this animation.
-                Behavior on scale {
+                Behavior on magnification {
                     SpringAnimation {
                         spring: 7.02
                         damping: 0.536

@@ -6,6 +6,7 @@
 #include "Services/ScratchFolder.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -77,6 +78,7 @@ TEST_F(PortalLoginItemTest, GrantIsKeptForTheNextStart)
     settle(true, 0, true);
     EXPECT_EQ(m_item.status(), Status::enabled);
     EXPECT_EQ(PortalLoginItem(m_file, m_calls).status(), Status::enabled);
+    EXPECT_FALSE(QFile::permissions(m_file) & (QFile::ReadGroup | QFile::ReadOther));
     EXPECT_EQ(m_log.errors(), QStringList());
 
     settle(false, 0, false);

@@ -91,10 +91,11 @@ TestCase {
         goTo(3)
         for (let step = 1; step <= 5; ++step) {
             const circle = item("circle" + step)
-            compare(circle.width, 8)
-            compare(circle.height, 8)
+            tryCompare(circle, "width", step === 3 ? 12 : 8)
+            compare(circle.height, circle.width)
+            compare(circle.mapToItem(root, circle.width / 2, 0).x, 56 + (step - 1) * 122)
+            compare(circle.scale, 1)
             tryVerify(() => Qt.colorEqual(circle.color, step <= 3 ? Theme.accentMark : Theme.inactiveMark))
-            tryCompare(circle, "scale", step === 3 ? 1.5 : 1)
         }
         for (let gap = 1; gap <= 4; ++gap) {
             const line = item("line" + gap)
@@ -131,6 +132,22 @@ TestCase {
         goTo(3)
         verify(!item("forward").isDisabled)
         compare(findChild(item("templatesFolder"), "path").text, "No folder selected")
+    }
+
+    function test_small_window_scrolls_its_step() {
+        goTo(5)
+        verify(!item("area").interactive)
+        root.height = 360
+        const area = item("area")
+        const step = item("step")
+        verify(area.interactive && area.clip)
+        verify(area.y + area.height <= item("forward").parent.y)
+        tryCompare(step, "animationOffset", 0)
+        mouseWheel(area, 10, 10, 0, -2400)
+        tryVerify(() => area.atYEnd)
+        verify(step.mapToItem(root, 0, step.height).y <= item("forward").parent.y + 1)
+        bench.view.goBack()
+        compare(area.contentY, 0)
     }
 
     function test_long_path_stays_in_its_row() {
