@@ -1,12 +1,10 @@
 #include "Platform/linux/PortalLoginItem.h"
 
 #include "Platform/FileCalls.h"
+#include "Platform/linux/DesktopPortal.h"
 #include "Support/Logging.h"
 
 #include <QDBusMessage>
-#include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QDir>
 #include <QFile>
@@ -18,11 +16,7 @@ namespace jotwell {
 
 namespace {
 
-const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
-const QString requests = QStringLiteral("/org/freedesktop/portal/desktop/request/");
 const QString background = QStringLiteral("org.freedesktop.portal.Background");
-const QString request = QStringLiteral("org.freedesktop.portal.Request");
 
 QVariantMap options(bool wish, const QString& token)
 {
@@ -41,8 +35,8 @@ PortalLoginItem::PortalLoginItem(QString answerFile, FileCalls& calls)
     : m_bus(QDBusConnection::sessionBus()), m_answerFile(std::move(answerFile)), m_calls(calls),
       m_file(calls)
 {
-    auto* watcher =
-        new QDBusServiceWatcher(service, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
+    auto* watcher = new QDBusServiceWatcher(DesktopPortal::service, m_bus,
+                                            QDBusServiceWatcher::WatchForUnregistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
         if (m_wish)
             fail(QStringLiteral("The portal has gone."));
@@ -70,55 +64,26 @@ std::optional<QString> PortalLoginItem::ask(bool wish)
 {
     if (!m_bus.isConnected())
         return QStringLiteral("There is no session bus to ask the desktop by.");
-    // The answer may come before the call's own: where it will is known by the token.
     const QString token = QStringLiteral("jotwell%1").arg(++m_questions);
-    const QString sender = m_bus.baseService().mid(1).replace(u'.', u'_');
-    listenAt(requests + sender + u'/' + token);
-    m_wish = wish;
-    auto question = QDBusMessage::createMethodCall(service, path, background,
-                                                   QStringLiteral("RequestBackground"));
+    auto question = QDBusMessage::createMethodCall(DesktopPortal::service, DesktopPortal::path,
+                                                   background, QStringLiteral("RequestBackground"));
     question.setArguments({QString(), options(wish, token)});
-    auto* call = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call, number = m_questions] {
-        call->deleteLater();
-        if (number == m_questions) // else a later wish has taken its place
-            takeCall(*call);
+    m_wish = wish;
+    m_request.reset(new PortalRequest(m_bus, token)); // a later wish takes an earlier one's place
+    m_request->call(question, [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
+        takeAnswer(outcome, results);
     });
     return std::nullopt;
 }
 
-void PortalLoginItem::takeCall(const QDBusPendingCallWatcher& call)
+void PortalLoginItem::takeAnswer(PortalRequest::Outcome outcome, const QVariantMap& results)
 {
-    const QDBusPendingReply<QDBusObjectPath> reply(call);
-    if (reply.isError())
-        fail(reply.error().message());
-    else if (m_wish && reply.value().path() != m_request)
-        listenAt(reply.value().path()); // an older portal names it as it likes
-}
-
-void PortalLoginItem::listenAt(const QString& where)
-{
-    stopListening();
-    m_request = where;
-    m_bus.connect(service, m_request, request, QStringLiteral("Response"), this,
-                  SLOT(responded(uint, QVariantMap)));
-}
-
-void PortalLoginItem::stopListening()
-{
-    if (!m_request.isEmpty())
-        m_bus.disconnect(service, m_request, request, QStringLiteral("Response"), this,
-                         SLOT(responded(uint, QVariantMap)));
-    m_request.clear();
-}
-
-void PortalLoginItem::responded(uint response, const QVariantMap& results)
-{
-    stopListening();
-    if (response == 0)
+    if (outcome == PortalRequest::Outcome::granted)
         settle(results.value(QStringLiteral("autostart")).toBool());
-    else
+    else if (m_request->error().isEmpty())
         fail(QStringLiteral("The desktop didn't allow it."));
+    else
+        fail(m_request->error());
 }
 
 void PortalLoginItem::settle(bool isStarted)

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "Platform/LoginItem.h"
+#include "Platform/linux/PortalRequest.h"
 #include "Support/AtomicFile.h"
 
 #include <QDBusConnection>
 #include <QObject>
 #include <QVariantMap>
-
-class QDBusPendingCallWatcher;
 
 namespace jotwell {
 
@@ -30,9 +29,7 @@ public:
 
 private:
     [[nodiscard]] std::optional<QString> ask(bool wish);
-    void listenAt(const QString& request);
-    void stopListening();
-    void takeCall(const QDBusPendingCallWatcher& call);
+    void takeAnswer(PortalRequest::Outcome outcome, const QVariantMap& results);
     void settle(bool isStarted);
     void fail(const QString& words);
 
@@ -41,11 +38,8 @@ private:
     FileCalls& m_calls;
     AtomicFile m_file;
     std::optional<bool> m_wish; ///< that the portal hasn't answered yet
-    QString m_request;          ///< the object that will tell its answer
+    PortalRequestPointer m_request;
     int m_questions = 0;
-
-private slots:
-    void responded(uint response, const QVariantMap& results);
 };
 
 } // namespace jotwell

@@ -2,7 +2,9 @@
 
 #include "Platform/linux/DesktopPortal.h"
 
+#include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 
 #include <utility>
 
@@ -24,15 +26,38 @@ PortalRequest::PortalRequest(const QDBusConnection& bus, QString token) : m_bus(
 void PortalRequest::call(const QDBusMessage& question, Answered answered)
 {
     m_answered = std::move(answered);
-    m_bus.connect(DesktopPortal::service, m_path, interface, QStringLiteral("Response"), this,
-                  SLOT(responded(uint, QVariantMap)));
+    listenAt(m_path);
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
-        // A reply only tells where the answer will come.
-        if (watcher->isError())
-            finish(Outcome::failed, {});
+        takeReply(*watcher);
     });
+}
+
+// It only tells where the answer will come: an older portal names the place as it likes.
+void PortalRequest::takeReply(const QDBusPendingCallWatcher& watcher)
+{
+    const QDBusPendingReply<QDBusObjectPath> reply(watcher);
+    if (reply.isError()) {
+        m_error = reply.error().message();
+        finish(Outcome::failed, {});
+    } else if (const QString path = reply.value().path(); path != m_path) {
+        stopListening();
+        listenAt(path);
+    }
+}
+
+void PortalRequest::listenAt(const QString& path)
+{
+    m_path = path;
+    m_bus.connect(DesktopPortal::service, m_path, interface, QStringLiteral("Response"), this,
+                  SLOT(responded(uint, QVariantMap)));
+}
+
+void PortalRequest::stopListening()
+{
+    m_bus.disconnect(DesktopPortal::service, m_path, interface, QStringLiteral("Response"), this,
+                     SLOT(responded(uint, QVariantMap)));
 }
 
 void PortalRequest::abandon()

@@ -8,6 +8,8 @@
 #include <functional>
 #include <memory>
 
+class QDBusPendingCallWatcher;
+
 namespace jotwell {
 
 /// One question to the desktop's portal, whose answer may take as long as a user does.
@@ -26,11 +28,18 @@ public:
     /// Takes the question back, if it has no answer yet; the desktop closes its dialog.
     void abandon();
 
+    /// Why it has failed, in the bus's words; empty if it hasn't.
+    [[nodiscard]] const QString& error() const { return m_error; }
+
 private:
+    void listenAt(const QString& path);
+    void stopListening();
+    void takeReply(const QDBusPendingCallWatcher& watcher);
     void finish(Outcome outcome, const QVariantMap& results);
 
     QDBusConnection m_bus;
     QString m_path; ///< of the request's object at the portal
+    QString m_error;
     Answered m_answered;
 
 private slots:
