@@ -1,75 +1,24 @@
 #include "Fakes/FakeFolderPanel.h"
 #include "Fakes/FakeWindowSystem.h"
-#include "GalleryAppearance.h"
-#include "Platform/KeyNames.h"
-#include "Platform/NativeParts.h"
+#include "Gallery.h"
 #include "Services/LaunchAtLoginManager.h"
 #include "Views/Onboarding/OnboardingView.h"
 #include "Views/SecondaryWindow.h"
 #include "Views/ViewBench.h"
-#include "Views/ViewResources.h"
 
-#include <QCommandLineParser>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
-
-#include <cstdio>
-#include <cstdlib>
 
 Q_IMPORT_QML_PLUGIN(JotwellPlugin)
 
 using namespace jotwell;
+using namespace std::chrono_literals;
 
 namespace {
 
-struct Options {
-    QString screenshot;
-    int step = 1;
-    QString state;
-    int tabs = 0;
-    bool dark = false;
-    bool highContrast = false;
-    QByteArray scale;
-};
-
-// The scale has to be known before there is an application that could tell its arguments.
-QStringList texts(int argc, char** argv)
-{
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
-    return arguments;
-}
-
-Options parsed(const QStringList& arguments)
-{
-    const auto valued = [](const char* name, const char* what) {
-        return QCommandLineOption(QString::fromLatin1(name), QString(), QString::fromLatin1(what),
-                                  QStringLiteral("1"));
-    };
-    QCommandLineParser parser;
-    parser.addOptions({{QStringLiteral("screenshot"), QString(), QStringLiteral("file")},
-                       {QStringLiteral("state"), QString(), QStringLiteral("chosen|toast")},
-                       valued("step", "number"),
-                       {QStringLiteral("tabs"), QString(), QStringLiteral("presses")},
-                       valued("scale", "factor"),
-                       {QStringLiteral("dark"), QString()},
-                       {QStringLiteral("high-contrast"), QString()}});
-    if (!parser.parse(arguments)) {
-        std::fprintf(stderr, "%s\n", qPrintable(parser.errorText()));
-        std::exit(2);
-    }
-    Options options;
-    options.screenshot = parser.value(QStringLiteral("screenshot"));
-    options.step = parser.value(QStringLiteral("step")).toInt();
-    options.state = parser.value(QStringLiteral("state"));
-    options.tabs = parser.value(QStringLiteral("tabs")).toInt();
-    options.dark = parser.isSet(QStringLiteral("dark"));
-    options.highContrast = parser.isSet(QStringLiteral("high-contrast"));
-    options.scale = parser.value(QStringLiteral("scale")).toUtf8();
-    return options;
-}
+constexpr auto untilTheKeyboardIsThere = 300ms;
 
 /// The welcome over real services and no desktop.
 struct Welcome {
@@ -120,18 +69,19 @@ void pressTab(QWindow& window, int times)
     }
 }
 
-/// Once the window has the keyboard, and then once everything that moves has come to rest.
-void takeScreenshot(QQuickView& view, const Options& options)
+QCommandLineOption option(const char* name, const char* value)
 {
-    QTimer::singleShot(300, &view, [&] { pressTab(view, options.tabs); });
-    QTimer::singleShot(1500, &view, [&] {
-        QGuiApplication::exit(view.grabWindow().save(options.screenshot) ? 0 : 1);
-    });
+    return {QString::fromLatin1(name), QString(), QString::fromLatin1(value)};
 }
 
-int show(const Options& options)
+} // namespace
+
+int main(int argc, char** argv)
 {
     constexpr QSize size(600, 600);
+    Gallery gallery(
+        argc, argv,
+        {option("step", "number"), option("state", "chosen|toast"), option("tabs", "presses")});
     Welcome welcome;
     FakeWindowSystem windowSystem;
     auto owned = std::make_unique<OnboardingView>(welcome.services());
@@ -139,30 +89,9 @@ int show(const Options& options)
     SecondaryWindow window({QStringLiteral("Welcome to Jotwell"), size, size,
                             QStringLiteral("Onboarding/OnboardingView.qml")},
                            std::move(owned), windowSystem);
-    if (window.status() != QQuickView::Ready)
-        return 1;
     window.makeKeyAndOrderFront();
-    welcome.bring(view, options.step, options.state);
-    if (!options.screenshot.isEmpty())
-        takeScreenshot(window, options);
-    return QGuiApplication::exec();
-}
-
-} // namespace
-
-int main(int argc, char** argv)
-{
-    const Options options = parsed(texts(argc, argv));
-    if (!options.scale.isEmpty())
-        qputenv("QT_SCALE_FACTOR", options.scale);
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    QGuiApplication app(argc, argv);
-    installFonts();
-
-    GalleryAppearance appearance;
-    appearance.setDark(options.dark);
-    appearance.setHighContrast(options.highContrast);
-    const auto keyNames = makeKeyNames();
-    const DesktopLooks looks(appearance, *keyNames);
-    return show(options);
+    welcome.bring(view, gallery.value("step").toInt(), gallery.value("state"));
+    QTimer::singleShot(untilTheKeyboardIsThere, &window,
+                       [&] { pressTab(window, gallery.value("tabs").toInt()); });
+    return gallery.run(window);
 }

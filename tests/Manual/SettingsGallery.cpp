@@ -1,80 +1,20 @@
 #include "Fakes/FakePlatform.h"
 #include "Fakes/FakeWindowSystem.h"
-#include "GalleryAppearance.h"
-#include "Platform/KeyNames.h"
-#include "Platform/NativeParts.h"
+#include "Gallery.h"
 #include "Services/GlobalHotkeyManager.h"
 #include "Services/LaunchAtLoginManager.h"
 #include "Services/SettingsService.h"
 #include "Services/SparkleUpdateManager.h"
 #include "Services/ToastManager.h"
 #include "Views/Settings/SettingsWindowController.h"
-#include "Views/ViewResources.h"
 
-#include <QCommandLineParser>
-#include <QGuiApplication>
-#include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
-
-#include <cstdio>
-#include <cstdlib>
 
 Q_IMPORT_QML_PLUGIN(JotwellPlugin)
 
 using namespace jotwell;
 
 namespace {
-
-struct Options {
-    QString screenshot;
-    QString tab;
-    QString state;
-    QSize size;
-    bool dark = false;
-    bool highContrast = false;
-    QByteArray scale;
-};
-
-// The scale has to be known before there is an application that could tell its arguments.
-QStringList texts(int argc, char** argv)
-{
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
-    return arguments;
-}
-
-QSize sizeOf(const QString& text)
-{
-    const QStringList sides = text.split(QLatin1Char('x'));
-    return sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
-}
-
-Options parsed(const QStringList& arguments)
-{
-    const auto valued = [](const char* name, const char* what) {
-        return QCommandLineOption(QString::fromLatin1(name), QString(), QString::fromLatin1(what));
-    };
-    QCommandLineParser parser;
-    parser.addOptions({valued("screenshot", "file"),
-                       valued("tab", "entry"),
-                       valued("state", "denied|recording|recorded|update"),
-                       valued("size", "wxh"),
-                       valued("scale", "factor"),
-                       {QStringLiteral("dark"), QString()},
-                       {QStringLiteral("high-contrast"), QString()}});
-    if (!parser.parse(arguments)) {
-        std::fprintf(stderr, "%s\n", qPrintable(parser.errorText()));
-        std::exit(2);
-    }
-    return {parser.value(QStringLiteral("screenshot")),
-            parser.value(QStringLiteral("tab")),
-            parser.value(QStringLiteral("state")),
-            sizeOf(parser.value(QStringLiteral("size"))),
-            parser.isSet(QStringLiteral("dark")),
-            parser.isSet(QStringLiteral("high-contrast")),
-            parser.value(QStringLiteral("scale")).toUtf8()};
-}
 
 /// The settings over real services and no desktop.
 struct Settings {
@@ -105,44 +45,32 @@ struct Settings {
     }
 };
 
-/// Once everything that moves has come to rest.
-void takeScreenshot(QQuickView& view, const QString& file)
+QSize sizeOf(const QString& text)
 {
-    QTimer::singleShot(
-        700, &view, [&view, file] { QGuiApplication::exit(view.grabWindow().save(file) ? 0 : 1); });
+    const QStringList sides = text.split(QLatin1Char('x'));
+    return sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt())
+                             : SettingsWindowController::contentSize;
 }
 
-int show(const Options& options)
+QCommandLineOption option(const char* name, const char* value)
 {
-    Settings settings;
-    settings.fake.hotkeys.trusted = options.state != QLatin1String("denied");
-    SettingsWindowController controller(settings.services(), settings.windowSystem);
-    controller.showSettingsWithTab(options.tab);
-    SecondaryWindow& window = *controller.settingsWindow();
-    if (window.status() != QQuickView::Ready)
-        return 1;
-    settings.bring(*controller.view(), options.state);
-    window.resize(options.size.isValid() ? options.size : SettingsWindowController::contentSize);
-    if (!options.screenshot.isEmpty())
-        takeScreenshot(window, options.screenshot);
-    return QGuiApplication::exec();
+    return {QString::fromLatin1(name), QString(), QString::fromLatin1(value)};
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const Options options = parsed(texts(argc, argv));
-    if (!options.scale.isEmpty())
-        qputenv("QT_SCALE_FACTOR", options.scale);
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    QGuiApplication app(argc, argv);
-    installFonts();
-
-    GalleryAppearance appearance;
-    appearance.setDark(options.dark);
-    appearance.setHighContrast(options.highContrast);
-    const auto keyNames = makeKeyNames();
-    const DesktopLooks looks(appearance, *keyNames);
-    return show(options);
+    Gallery gallery(argc, argv,
+                    {option("tab", "entry"), option("state", "denied|recording|recorded|update"),
+                     option("size", "wxh")});
+    Settings settings;
+    const QString state = gallery.value("state");
+    settings.fake.hotkeys.trusted = state != QLatin1String("denied");
+    SettingsWindowController controller(settings.services(), settings.windowSystem);
+    controller.showSettingsWithTab(gallery.value("tab"));
+    settings.bring(*controller.view(), state);
+    SecondaryWindow& window = *controller.settingsWindow();
+    window.resize(sizeOf(gallery.value("size")));
+    return gallery.run(window);
 }

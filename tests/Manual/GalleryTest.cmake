@@ -1,10 +1,12 @@
 cmake_minimum_required(VERSION 3.25)
 
-# The gallery starts and draws itself in other colours and sizes on demand, without a warning.
+# GALLERY starts and draws each of PICTURES, which are a name and options each with blanks between
+# them, without a warning and unlike all others.
 set(ENV{QT_QPA_PLATFORM} offscreen)
-foreach(picture "light;--scale;1" "dark;--dark;--scale;2" "contrast;--high-contrast;--scale;1")
+foreach(picture IN LISTS PICTURES)
+    separate_arguments(picture)
     list(POP_FRONT picture name)
-    set(file "gallery-${name}.png")
+    set(file "${NAME}-${name}.png")
     file(REMOVE "${file}")
     execute_process(
         COMMAND "${GALLERY}" --screenshot "${file}" ${picture}
