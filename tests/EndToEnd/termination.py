@@ -63,7 +63,9 @@ class Termination(unittest.TestCase):
         with Desktop() as desktop:
             desktop.write_settings(OnboardingCompleted="true")
             program = desktop.start_program(by=["bash", "-c", 'exec "$0" > >(head -n 1)'])
-            desktop.call_up()
+            wait_until(lambda: desktop.owns_name("com.jotwell.Jotwell"), "the program")
+            self.assertEqual(desktop.start_program().exit_status(), 0)
+            desktop.wait_for_window()
             desktop.press("ctrl+alt+b")
             desktop.wait_for_no_window()
             program.send(signal.SIGTERM)
