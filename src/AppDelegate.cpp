@@ -49,7 +49,14 @@ AppDelegate::AppDelegate(Desktop desktop, Scheduler& scheduler, QThreadPool& bac
 {
 }
 
-AppDelegate::~AppDelegate() = default;
+// What can be knocked at or clicked outlives it.
+AppDelegate::~AppDelegate()
+{
+    m_desktop.terminationSignals.listen([] {});
+    m_desktop.door.answer({}, {});
+    m_desktop.statusItem.setAction({});
+    m_desktop.statusItem.setMenu({});
+}
 
 void AppDelegate::applicationDidFinishLaunching()
 {

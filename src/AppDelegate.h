@@ -84,9 +84,9 @@ private:
     Scheduler& m_scheduler;
     QThreadPool& m_background;
     SettingsService& m_settings;
-    std::unique_ptr<LocalKeyMonitor> m_localKeyMonitor;
     std::unique_ptr<FloatingWindowView> m_floatingWindowView;
     std::unique_ptr<FloatingWindow> m_floatingWindow;
+    std::unique_ptr<LocalKeyMonitor> m_localKeyMonitor; ///< watches the window, and goes first
     std::unique_ptr<SettingsWindowController> m_settingsWindow;
     std::unique_ptr<SecondaryWindow> m_onboardingWindow;
     bool m_isTerminating = false;

@@ -10,14 +10,25 @@
 #include "Services/TagIndexService.h"
 #include "Services/ToastLog.h"
 #include "Views/FloatingWindow.h"
+#include "Views/FloatingWindowView.h"
 #include "Views/LocalKeyMonitor.h"
+#include "Views/Onboarding/OnboardingView.h"
+#include "Views/Settings/SimpleSettingsView.h"
 
+#include <QCloseEvent>
 #include <QGuiApplication>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QSemaphore>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <gtest/gtest.h>
+
+#include <map>
+#include <optional>
 
 Q_IMPORT_QML_PLUGIN(JotwellPlugin)
 
@@ -49,26 +60,70 @@ protected:
 
     static SettingsService& settings() { return SettingsService::shared(); }
 
-    void launch()
+    /// What was put off to a later turn is still to come.
+    void start()
     {
         delegate =
             std::make_unique<AppDelegate>(Desktop{desktop.door, desktop.statusItem, desktop.windows,
                                                   desktop.terminationSignals, desktop.folders},
                                           fake.scheduler, fake.background);
         delegate->applicationDidFinishLaunching();
+    }
+
+    void launch()
+    {
+        start();
         turn();
     }
 
     /// Lets what was put off to the next turns of the event loop happen.
     void turn() { fake.scheduler.advance(0ms); }
 
+    static FloatingWindow* floatingWindow()
+    {
+        for (QWindow* window : QGuiApplication::topLevelWindows()) {
+            if (auto* floating = qobject_cast<FloatingWindow*>(window))
+                return floating;
+        }
+        return nullptr;
+    }
+
     static bool isWindowShown()
     {
-        const auto windows = QGuiApplication::topLevelWindows();
-        return std::ranges::any_of(windows, [](const QWindow* window) {
-            const auto* floating = qobject_cast<const FloatingWindow*>(window);
-            return floating && floating->isOnScreen();
+        const FloatingWindow* const floating = floatingWindow();
+        return floating && floating->isOnScreen();
+    }
+
+    template <typename View>
+    static View& viewOf(QWindow* window)
+    {
+        return *qobject_cast<QQuickView*>(window)->rootObject()->property("view").value<View*>();
+    }
+
+    /// The status with which the program ends when it is asked to while something is being
+    /// written; none if it doesn't wait for that.
+    std::optional<int> endOf(const std::function<void()>& ask)
+    {
+        constexpr auto patience = 10s;
+        QSemaphore written;
+        const QObject context;
+        bool hasWaited = false;
+        fake.background.start([&] { written.acquire(); });
+        const auto finishWriting = [&] {
+            hasWaited = true;
+            written.release();
+            fake.background.waitForDone();
+            fake.scheduler.advance(100ms);
+        };
+        QTimer::singleShot(0, &context, [&] {
+            ask();
+            fake.scheduler.advance(1s);
+            QTimer::singleShot(50ms, &context, finishWriting);
         });
+        QTimer::singleShot(patience, &context, [] { QCoreApplication::exit(-1); });
+        const int status = QCoreApplication::exec();
+        written.release();
+        return hasWaited ? std::optional(status) : std::nullopt;
     }
 
     static QWindow* windowCalled(const char* title)
@@ -114,6 +169,43 @@ TEST_F(AppDelegateTest, WelcomesUntilTheWelcomeIsCompleted)
     EXPECT_FALSE(settings().onboardingCompleted());
 }
 
+TEST_F(AppDelegateTest, WelcomeHasTheKeyboardAndOneSize)
+{
+    settings().setOnboardingCompleted(false);
+    launch();
+    QWindow* const welcome = windowCalled("Welcome to Jotwell");
+    ASSERT_NE(welcome, nullptr);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(welcome));
+    EXPECT_EQ(welcome->minimumSize(), welcome->maximumSize());
+}
+
+TEST_F(AppDelegateTest, WelcomeGoesWhenItIsSkipped)
+{
+    settings().setOnboardingCompleted(false);
+    launch();
+    viewOf<OnboardingView>(windowCalled("Welcome to Jotwell")).handleSkip();
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+        turn();
+        return !windowCalled("Welcome to Jotwell");
+    }));
+}
+
+TEST_F(AppDelegateTest, WindowsMayBeToldToCloseTwice)
+{
+    settings().setOnboardingCompleted(false);
+    launch();
+    delegate->showSettings();
+    for (const char* title : {"Welcome to Jotwell", "Settings"}) {
+        QWindow* const window = windowCalled(title);
+        for (int wish = 0; wish < 2; ++wish) {
+            QCloseEvent close;
+            QCoreApplication::sendEvent(window, &close);
+        }
+        turn();
+        EXPECT_TRUE(QTest::qWaitFor([title] { return !windowCalled(title); })) << title;
+    }
+}
+
 TEST_F(AppDelegateTest, NoWelcomeOnceItIsCompleted)
 {
     launch();
@@ -127,6 +219,8 @@ TEST_F(AppDelegateTest, MenuAndDoorShowTheSettings)
     entry(2).action();
     ASSERT_NE(windowCalled("Settings"), nullptr);
     EXPECT_TRUE(windowCalled("Settings")->isVisible());
+    EXPECT_EQ(viewOf<SimpleSettingsView>(windowCalled("Settings")).selectedItem(),
+              QStringLiteral("globalHotkey"));
     windowCalled("Settings")->close();
     turn();
     EXPECT_TRUE(QTest::qWaitFor([] { return !windowCalled("Settings"); }));
@@ -147,7 +241,9 @@ TEST_F(AppDelegateTest, TellsOfTheMenuAndItsHotkey)
 TEST_F(AppDelegateTest, WarnsWithoutPermission)
 {
     fake.hotkeys.trusted = false;
-    launch();
+    start();
+    EXPECT_TRUE(toasts->shown.empty());
+    turn();
     const ShownToast expected{
         ToastType::warning, 2,
         QStringLiteral(
@@ -188,6 +284,63 @@ TEST_F(AppDelegateTest, HotkeyInTheWindowHidesIt)
     EXPECT_TRUE(delegate->localKeyMonitor().handleKeyDown(hotkeyPress, true));
     turn();
     EXPECT_FALSE(isWindowShown());
+}
+
+TEST_F(AppDelegateTest, HotkeyInAnotherWindowToggles)
+{
+    launch();
+    EXPECT_TRUE(delegate->localKeyMonitor().handleKeyDown(hotkeyPress, false));
+    turn();
+    EXPECT_TRUE(isWindowShown());
+}
+
+TEST_F(AppDelegateTest, KeyOfACommandPutsItIntoTheWindow)
+{
+    launch();
+    EXPECT_TRUE(delegate->localKeyMonitor().handleKeyDown({KeyEvent::keyDown, 19, 0x100000}, true));
+    turn();
+    auto& view = viewOf<FloatingWindowView>(floatingWindow());
+    EXPECT_TRUE(view.commandTemplateState().fields().text.contains(u"/search_notes"));
+}
+
+TEST_F(AppDelegateTest, ViewThatAsksTwiceIsHiddenOnALaterTurn)
+{
+    launch();
+    delegate->toggleFloatingWindow();
+    turn();
+    auto& view = viewOf<FloatingWindowView>(floatingWindow());
+    emit view.toggleRequested();
+    emit view.toggleRequested();
+    EXPECT_TRUE(isWindowShown());
+    turn();
+    EXPECT_FALSE(isWindowShown());
+}
+
+TEST_F(AppDelegateTest, WindowComesBackToTheMiddle)
+{
+    launch();
+    delegate->toggleFloatingWindow();
+    turn();
+    FloatingWindow& window = *floatingWindow();
+    const QPoint middle = window.position();
+    window.setPosition(middle + QPoint(17, 23));
+    delegate->toggleFloatingWindow();
+    turn();
+    EXPECT_NE(window.position(), middle);
+    delegate->toggleFloatingWindow();
+    turn();
+    EXPECT_EQ(window.position(), middle);
+}
+
+TEST_F(AppDelegateTest, WindowThatIsAnIconIsShownRatherThanHidden)
+{
+    launch();
+    delegate->toggleFloatingWindow();
+    turn();
+    floatingWindow()->setWindowStates(Qt::WindowMinimized);
+    delegate->toggleFloatingWindow();
+    turn();
+    EXPECT_TRUE(isWindowShown());
 }
 
 TEST_F(AppDelegateTest, MenuFollowsAChangedHotkey)
@@ -234,6 +387,33 @@ TEST_F(AppDelegateTest, IndexOfTheVaultIsBuiltAtOnce)
     }));
 }
 
+TEST_F(AppDelegateTest, TemplatesAreReadBeforeTheFirstNote)
+{
+    const QTemporaryDir templates;
+    settings().setTemplatesFolderPath(templates.path());
+    launch();
+    EXPECT_TRUE(fake.folders.watched().contains(templates.path()));
+}
+
+TEST_F(AppDelegateTest, EveryWayToEndWaitsForWhatIsBeingWritten)
+{
+    const std::map<std::string, std::function<void()>> ways{
+        {"menu", [this] { entry(6).action(); }},
+        {"desktop action", [this] { desktop.door.performAction(QStringLiteral("quit")); }},
+        {"signal", [this] { desktop.terminationSignals.requested(); }},
+        {"session",
+         [] {
+             QEvent quit(QEvent::Quit);
+             QCoreApplication::sendEvent(qApp, &quit);
+         }},
+    };
+    for (const auto& [name, ask] : ways) {
+        launch();
+        EXPECT_EQ(endOf(ask), 0) << name;
+        delegate.reset();
+    }
+}
+
 TEST_F(AppDelegateTest, DoorTogglesWhenItIsKnockedAtAndByAction)
 {
     launch();
@@ -274,4 +454,15 @@ TEST_F(AppDelegateTest, HotkeyIsDeadOnceTheDelegateHasGone)
     fake.hotkeys.tapEvent(hotkeyPress);
     turn();
     EXPECT_FALSE(isWindowShown());
+}
+
+TEST_F(AppDelegateTest, NobodyAnswersOnceTheDelegateHasGone)
+{
+    launch();
+    delegate.reset();
+    EXPECT_FALSE(desktop.door.activate || desktop.door.performAction);
+    EXPECT_FALSE(desktop.statusItem.action);
+    EXPECT_TRUE(desktop.statusItem.menu.empty());
+    desktop.terminationSignals.requested();
+    turn();
 }

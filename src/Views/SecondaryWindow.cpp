@@ -47,17 +47,19 @@ void SecondaryWindow::centre(QSize size)
     setGeometry({frame.topLeft() + QPoint(room.width() / 2, room.height() / 2), fitting});
 }
 
+// Shown plainly, a window that fills the screen would shrink.
 void SecondaryWindow::makeKeyAndOrderFront()
 {
     setWindowStates(windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
-    show();
+    setVisible(true);
     m_windowSystem.activate(this);
 }
 
+// A second wish to close may be under way before the window has gone.
 void SecondaryWindow::closeEvent(QCloseEvent* event)
 {
     QQuickView::closeEvent(event);
-    if (event->isAccepted())
+    if (event->isAccepted() && !std::exchange(m_isClosed, true))
         emit willClose();
 }
 

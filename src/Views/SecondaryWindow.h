@@ -29,7 +29,7 @@ public:
     void makeKeyAndOrderFront();
 
 signals:
-    /// The window closes; it isn't to be destroyed from within.
+    /// The window closes, for good; it isn't to be destroyed from within.
     void willClose();
 
 protected:
@@ -40,6 +40,7 @@ private:
 
     WindowSystem& m_windowSystem;
     std::unique_ptr<QObject> m_view;
+    bool m_isClosed = false;
 };
 
 } // namespace jotwell

@@ -100,6 +100,14 @@ class Grab(unittest.TestCase):
             press_places(window.desktop, CTRL, SUPER, B)  # where Alt is now
             window.desktop.wait_for_window()
 
+    def test_modifiers_that_the_map_gives_to_each_other(self):
+        with capturing() as window:
+            window.desktop.ask("xmodmap", *[word for line in (
+                "clear mod1", "clear mod4", "add mod1 = Super_L", "add mod4 = Alt_L")
+                for word in ("-e", line)])
+            time.sleep(0.3)
+            self.press_place(window)
+
     def test_another_hotkey_from_the_settings(self):
         with capturing(settings={"GlobalHotkeyCode": 49,
                                  "GlobalHotkeyModifiers": 0x40000 | 0x20000}) as window:

@@ -59,6 +59,18 @@ class Termination(unittest.TestCase):
                 self.assertEqual(text, default_note(thought, thought, date))
             print(f"{len(desktop.notes())} of {ROUNDS} notes got written")
 
+    def test_output_that_nobody_reads_is_no_reason_to_end(self):
+        with Desktop() as desktop:
+            desktop.write_settings(OnboardingCompleted="true")
+            program = desktop.start_program(by=["bash", "-c", 'exec "$0" > >(head -n 1)'])
+            wait_until(lambda: desktop.owns_name("com.jotwell.Jotwell"), "the program")
+            self.assertEqual(desktop.start_program().exit_status(), 0)
+            desktop.wait_for_window()
+            desktop.press("ctrl+alt+b")
+            desktop.wait_for_no_window()
+            program.send(signal.SIGTERM)
+            self.assertEqual(program.exit_status(), 0)
+
 
 if __name__ == "__main__":
     unittest.main()

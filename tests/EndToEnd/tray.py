@@ -35,7 +35,7 @@ class X11Tray(unittest.TestCase):
     def test_tray_that_comes_later(self):
         with Desktop() as desktop:
             self.start_program(desktop)
-            wait_until(lambda: desktop.owns_name("com.jotwell.Jotwell"), "the program")
+            desktop.call_up()  # by then it has looked for a tray
             self.assertNotIn(ICON, self.windows(desktop))
             self.start_tray(desktop)
             self.wait_for_icon(desktop)
@@ -102,11 +102,11 @@ class NotifierTrays(unittest.TestCase):
         with Desktop() as desktop:
             desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
             desktop.start_program()
-            wait_until(lambda: desktop.owns_name("com.jotwell.Jotwell"), "the program")
+            desktop.call_up()  # by then it has looked for a tray
             tray = NotifierTray(desktop)
             tray.wait_for_item()
             tray.click("Open")
-            desktop.wait_for_window()
+            desktop.wait_for_no_window()
 
 
 if __name__ == "__main__":

@@ -63,6 +63,7 @@ TEST_F(LocalKeyMonitorTest, EscapeGoesThroughInAnotherWindow)
 TEST_F(LocalKeyMonitorTest, EscapeIsWhereTheLayoutHasIt)
 {
     press(window, Qt::Key_CapsLock, {}, 53);
+    press(window, Qt::Key_A, {}, 53, QStringLiteral("a"));
     press(window, Qt::Key_Escape, {}, 57);
     bench.advance(0);
     EXPECT_EQ(hides.size(), 1);
@@ -115,6 +116,12 @@ TEST_F(LocalKeyMonitorTest, KeysOfCommandsAreThoseOfTheirPlaceAndGoNoFurther)
 TEST_F(LocalKeyMonitorTest, ThirdLevelOfAKeyIsNoCommand)
 {
     press(window, Qt::Key_At, control | Qt::GroupSwitchModifier, 19, QStringLiteral("@"));
+    EXPECT_EQ(commands.size(), 0);
+}
+
+TEST_F(LocalKeyMonitorTest, LockInThePlaceOfADigitIsNoCommand)
+{
+    press(window, Qt::Key_CapsLock, control, 18);
     EXPECT_EQ(commands.size(), 0);
 }
 

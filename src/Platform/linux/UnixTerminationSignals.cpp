@@ -26,18 +26,29 @@ void handleSignal(int number)
 }
 
 // Whoever started the program with a signal ignored, as nohup does, wants it to stay so.
-void setHandler(void (*handler)(int))
+void setHandlerOf(int number, void (*handler)(int))
 {
     struct sigaction action = {};
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
     sigemptyset(&action.sa_mask);
-    for (const int number : handledSignals) {
-        struct sigaction before = {};
-        sigaction(number, nullptr, &before);
-        if (before.sa_handler != SIG_IGN)
-            sigaction(number, &action, nullptr);
-    }
+    struct sigaction before = {};
+    sigaction(number, nullptr, &before);
+    if (before.sa_handler != SIG_IGN)
+        sigaction(number, &action, nullptr);
+}
+
+void setHandler(void (*handler)(int))
+{
+    for (const int number : handledSignals)
+        setHandlerOf(number, handler);
+}
+
+// Nobody who listens to the program's output any more is no reason to end. Unlike an ignored
+// signal, one with a handler is what it always is to the programs that this one starts.
+void outliveReadersOfOutput()
+{
+    setHandlerOf(SIGPIPE, [](int) {});
 }
 
 } // namespace
@@ -47,6 +58,7 @@ UnixTerminationSignals::~UnixTerminationSignals()
     if (m_pipe[0] < 0)
         return;
     setHandler(SIG_DFL);
+    setHandlerOf(SIGPIPE, SIG_DFL);
     m_notifier.reset();
     requestDescriptor = -1;
     for (const int descriptor : m_pipe)
@@ -63,6 +75,7 @@ void UnixTerminationSignals::listen(std::function<void()> requested)
                      [this] { readRequests(); });
     requestDescriptor = m_pipe[1];
     setHandler(handleSignal);
+    outliveReadersOfOutput();
 }
 
 void UnixTerminationSignals::readRequests()

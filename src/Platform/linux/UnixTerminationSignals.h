@@ -9,8 +9,9 @@
 
 namespace jotwell {
 
-/// Carries SIGTERM, SIGINT and SIGHUP over a pipe to the main thread. One at a time in a process;
-/// when it goes, the signals have their default effect again. Children inherit none of it.
+/// Carries SIGTERM, SIGINT and SIGHUP over a pipe to the main thread, and lets the program outlive
+/// whoever reads its output. One at a time in a process; when it goes, the signals have their
+/// default effect again. Children inherit none of it.
 class UnixTerminationSignals : public TerminationSignals {
 public:
     UnixTerminationSignals() = default;

@@ -63,7 +63,7 @@ bool XcbWindowSystem::isCompositing() const
 void XcbWindowSystem::watchCompositing(std::function<void()> changed)
 {
     m_selections.changed = [changed = std::move(changed)](const QByteArray& name) {
-        if (name == compositor)
+        if (name == compositor && changed)
             changed();
     };
 }

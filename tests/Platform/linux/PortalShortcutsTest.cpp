@@ -169,6 +169,15 @@ TEST_F(PortalShortcutsTest, PermissionIsRememberedUntilADenial)
     EXPECT_FALSE(PortalPermission(file(), files).isGiven());
 }
 
+TEST_F(PortalShortcutsTest, DeniedShortcutLeavesNothingAtThePortal)
+{
+    permission.give();
+    FakeShortcutsPortal portal(Answer::denied);
+    shortcuts.ask(ctrlAltB);
+    EXPECT_TRUE(soon([&portal] { return portal.closed.contains(portal.session); }));
+    EXPECT_FALSE(permission.isGiven());
+}
+
 TEST_F(PortalShortcutsTest, FailureIsNoDenial)
 {
     permission.give();

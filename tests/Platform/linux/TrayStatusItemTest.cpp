@@ -1,7 +1,10 @@
 #include "Platform/linux/TrayStatusItem.h"
 
+#include <QApplication>
 #include <QDBusConnection>
+#include <QMenu>
 #include <QPixmap>
+#include <QPointer>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -59,6 +62,17 @@ bool isShownSoon(const TrayStatusItem& item)
     return QTest::qWaitFor([&item] { return item.isShown(); }, 3000);
 }
 
+QMenu* menuWith(const char* firstEntry)
+{
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* menu = qobject_cast<QMenu*>(widget);
+        if (menu && !menu->isEmpty() &&
+            menu->actions().first()->text() == QLatin1String(firstEntry))
+            return menu;
+    }
+    return nullptr;
+}
+
 constexpr int longEnoughToAnswer = 150;
 
 } // namespace
@@ -103,9 +117,30 @@ TEST(TrayStatusItem, MenuMayBeReplacedFromItsOwnEntry)
     const FakeNotifierWatcher watcher(true);
     TrayStatusItem item(icon(), QStringLiteral("Jotwell"));
     ASSERT_TRUE(isShownSoon(item));
-    item.setMenu({{QStringLiteral("Open"), [] {}, {}}, {}, {QStringLiteral("Quit"), [] {}, {}}});
-    item.setMenu({});
-    QTest::qWait(0);
+    QPointer<QMenu> menu;
+    bool isThereBehindIt = false;
+    const auto replace = [&] {
+        item.setMenu({});
+        isThereBehindIt = !menu.isNull();
+    };
+    item.setMenu({{QStringLiteral("Open"), replace, {}}, {}, {QStringLiteral("Quit"), [] {}, {}}});
+    menu = menuWith("Open");
+    ASSERT_FALSE(menu.isNull());
+    menu->actions().first()->trigger();
+    EXPECT_TRUE(isThereBehindIt);
+    EXPECT_TRUE(QTest::qWaitFor([&menu] { return menu.isNull(); }));
+}
+
+TEST(TrayStatusItem, EntryMayBeOutOfUse)
+{
+    TrayStatusItem item(icon(), QStringLiteral("Jotwell"));
+    MenuEntry entry{QStringLiteral("Check"), [] {}, {}};
+    entry.isEnabled = false;
+    item.setMenu({entry, {}, {QStringLiteral("Quit"), [] {}, {}}});
+    const QMenu* const menu = menuWith("Check");
+    ASSERT_NE(menu, nullptr);
+    EXPECT_FALSE(menu->actions().first()->isEnabled());
+    EXPECT_TRUE(menu->actions().last()->isEnabled());
 }
 
 #include "TrayStatusItemTest.moc"

@@ -7,7 +7,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cerrno>
 #include <csignal>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 using namespace jotwell;
 
@@ -81,4 +86,19 @@ TEST(UnixTerminationSignals, GivesTheSignalsBackWhenItGoes)
     struct sigaction action = {};
     sigaction(SIGTERM, nullptr, &action);
     EXPECT_EQ(action.sa_handler, SIG_DFL);
+}
+
+TEST(UnixTerminationSignals, OutputThatNobodyReadsIsNoReasonToEnd)
+{
+    UnixTerminationSignals terminationSignals;
+    terminationSignals.listen([] {});
+    std::array<int, 2> pipe{};
+    ASSERT_EQ(::pipe2(pipe.data(), O_CLOEXEC), 0);
+    ::close(pipe[0]);
+    EXPECT_EQ(::write(pipe[1], "x", 1), -1);
+    EXPECT_EQ(errno, EPIPE);
+    ::close(pipe[1]);
+    struct sigaction action = {};
+    sigaction(SIGPIPE, nullptr, &action);
+    EXPECT_NE(action.sa_handler, SIG_IGN) << "a child would ignore it too";
 }

@@ -93,6 +93,14 @@ TEST_F(SettingsWindowControllerTest, ComesBackFromAnIcon)
     EXPECT_FALSE(controller.settingsWindow()->windowStates().testFlag(Qt::WindowMinimized));
 }
 
+TEST_F(SettingsWindowControllerTest, ComesForwardAsLargeAsItIs)
+{
+    show(globalHotkey);
+    controller.settingsWindow()->setWindowStates(Qt::WindowMaximized);
+    show(globalHotkey);
+    EXPECT_TRUE(controller.settingsWindow()->windowStates().testFlag(Qt::WindowMaximized));
+}
+
 TEST_F(SettingsWindowControllerTest, ClosedWindowIsMadeAnewOnTheRequestedTab)
 {
     show(globalHotkey);
