@@ -46,7 +46,6 @@ public:
     static constexpr int totalSteps = 5;
 
     enum FolderPickerType { vault, templates };
-    Q_ENUM(FolderPickerType)
 
     explicit OnboardingView(const OnboardingServices& services);
 
@@ -66,8 +65,11 @@ public:
     Q_INVOKABLE void goBack();
     /// Out of the welcome, but for the step that wants a vault and has none.
     Q_INVOKABLE void handleSkip();
-    /// Asks for a folder in a panel that belongs to `window`.
-    Q_INVOKABLE void selectFolder(jotwell::OnboardingView::FolderPickerType type, QWindow* window);
+    /// Asks for a folder in a panel that belongs to `window`. The others are for QML, which knows
+    /// no value whose name begins with a small letter, and takes it for the first one.
+    void selectFolder(FolderPickerType type, QWindow* window);
+    Q_INVOKABLE void selectVaultFolder(QWindow* window) { selectFolder(vault, window); }
+    Q_INVOKABLE void selectTemplatesFolder(QWindow* window) { selectFolder(templates, window); }
 
     /// Stores what was chosen and has it read; the welcome doesn't come again.
     void completeOnboarding();

@@ -14,7 +14,7 @@ OnboardingStep {
         objectName: "templatesFolder"
         accessibleName: "Templates folder"
         path: step.view.templatesFolderPath
-        onChoose: step.view.selectFolder(OnboardingState.templates, step.Window.window)
+        onChoose: step.view.selectTemplatesFolder(step.Window.window)
     }
     StepText {
         text: "Templates will automatically sync and appear in the app"

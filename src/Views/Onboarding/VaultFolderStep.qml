@@ -14,7 +14,7 @@ OnboardingStep {
         objectName: "vaultFolder"
         accessibleName: "Obsidian vault"
         path: step.view.obsidianVaultPath
-        onChoose: step.view.selectFolder(OnboardingState.vault, step.Window.window)
+        onChoose: step.view.selectVaultFolder(step.Window.window)
     }
     StepText {
         text: "This is where Jotwell will create new notes and search for existing ones"

@@ -12,7 +12,7 @@ namespace jotwell {
 class OnboardingBench : public QObject {
     Q_OBJECT
     Q_PROPERTY(QObject* view READ view CONSTANT)
-    Q_PROPERTY(bool isAsked READ isAsked)
+    Q_PROPERTY(QString question READ question)
     Q_PROPERTY(bool isCompleted READ isCompleted)
 
 public:
@@ -26,7 +26,11 @@ public:
     OnboardingBench() { bench.settings.setObsidianFolderPath({}); }
 
     [[nodiscard]] QObject* view() { return &onboarding; }
-    [[nodiscard]] bool isAsked() const { return folders.question.has_value(); }
+    /// The words of the panel that is open.
+    [[nodiscard]] QString question() const
+    {
+        return folders.question ? folders.question->message : QString();
+    }
     [[nodiscard]] bool isCompleted() const { return bench.settings.onboardingCompleted(); }
 
     Q_INVOKABLE void answer(const QString& path) { folders.answer(path); }

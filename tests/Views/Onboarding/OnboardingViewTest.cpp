@@ -170,3 +170,15 @@ TEST_F(OnboardingViewTest, LaunchAtLoginActsAtOnceAndStays)
     view().handleSkip();
     EXPECT_EQ(bench.bench.fake.loginItem.state, LoginItem::Status::enabled);
 }
+
+TEST(OnboardingViewStart, KnowsWhatTheDesktopStartsByNow)
+{
+    ViewBench bench;
+    FakeFolderPanel folders;
+    LaunchAtLoginManager launchAtLogin(bench.fake.loginItem, bench.fake.defaults,
+                                       bench.fake.scheduler);
+    bench.fake.loginItem.state = LoginItem::Status::enabled; // behind the switch's back
+    const OnboardingView view(
+        {bench.settings, bench.index, bench.templates, launchAtLogin, bench.toastManager, folders});
+    EXPECT_TRUE(view.launchAtLogin());
+}

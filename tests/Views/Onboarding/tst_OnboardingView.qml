@@ -51,7 +51,7 @@ TestCase {
     function goTo(step) {
         for (let at = bench.view.currentStep; at < step; ++at) {
             if (at === 2 && bench.view.obsidianVaultPath === "") {
-                bench.view.selectFolder(0, null)
+                bench.view.selectVaultFolder(null)
                 bench.answer("/vault")
             }
             bench.view.goForward()
@@ -122,7 +122,7 @@ TestCase {
         compare(findChild(row, "path").text, "No folder selected")
         tryCompare(item("step"), "animationOffset", 0)
         click("choose")
-        verify(bench.isAsked)
+        compare(bench.question, "Select your Obsidian vault folder")
         bench.answer("/home/you/Notes")
         compare(findChild(row, "path").text, "/home/you/Notes")
         verify(!item("forward").isDisabled)
@@ -132,6 +132,17 @@ TestCase {
         goTo(3)
         verify(!item("forward").isDisabled)
         compare(findChild(item("templatesFolder"), "path").text, "No folder selected")
+    }
+
+    function test_templates_folder_is_chosen_and_shown() {
+        goTo(3)
+        tryCompare(item("step"), "animationOffset", 0)
+        click("choose")
+        compare(bench.question, "Select your templates folder")
+        bench.answer("/home/you/Templates")
+        compare(findChild(item("templatesFolder"), "path").text, "/home/you/Templates")
+        compare(bench.view.templatesFolderPath, "/home/you/Templates")
+        compare(bench.view.obsidianVaultPath, "/vault")
     }
 
     function test_small_window_scrolls_its_step() {
@@ -152,7 +163,7 @@ TestCase {
 
     function test_long_path_stays_in_its_row() {
         goTo(3)
-        bench.view.selectFolder(1, null)
+        bench.view.selectTemplatesFolder(null)
         bench.answer("/" + "long ".repeat(800))
         const path = findChild(item("templatesFolder"), "path")
         verify(path.width < 400)
