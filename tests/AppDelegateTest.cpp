@@ -13,6 +13,7 @@
 #include "Views/FloatingWindowView.h"
 #include "Views/LocalKeyMonitor.h"
 #include "Views/Onboarding/OnboardingView.h"
+#include "Views/SecondaryWindow.h"
 #include "Views/Settings/SimpleSettingsView.h"
 
 #include <QCloseEvent>
@@ -20,6 +21,7 @@
 #include <QQuickItem>
 #include <QQuickView>
 #include <QSemaphore>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -196,11 +198,13 @@ TEST_F(AppDelegateTest, WindowsMayBeToldToCloseTwice)
     launch();
     delegate->showSettings();
     for (const char* title : {"Welcome to Jotwell", "Settings"}) {
-        QWindow* const window = windowCalled(title);
+        auto* const window = qobject_cast<SecondaryWindow*>(windowCalled(title));
+        const QSignalSpy closings(window, &SecondaryWindow::willClose);
         for (int wish = 0; wish < 2; ++wish) {
             QCloseEvent close;
             QCoreApplication::sendEvent(window, &close);
         }
+        EXPECT_EQ(closings.size(), 1) << title;
         turn();
         EXPECT_TRUE(QTest::qWaitFor([title] { return !windowCalled(title); })) << title;
     }
