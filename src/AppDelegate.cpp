@@ -70,8 +70,6 @@ void AppDelegate::applicationDidFinishLaunching()
     setupNotifications();
     refreshMenuBar();
     setupFloatingWindow();
-    // Reads its folder when it is made: now, rather than when the first note is waiting for it.
-    m_scheduler.after({}, this, [] { static_cast<void>(TemplateSyncService::shared()); });
 }
 
 void AppDelegate::setupHotkey()
@@ -195,6 +193,8 @@ void AppDelegate::showSettingsWithTab(const QString& tab)
                                         LaunchAtLoginManager::shared(),
                                         SparkleUpdateManager::shared(), m_scheduler};
         m_settingsWindow = std::make_unique<SettingsWindowController>(services, m_desktop.windows);
+        connect(m_settingsWindow.get(), &SettingsWindowController::globalHotkeyChanged, this,
+                [this] { m_scheduler.after({}, this, [this] { refreshMenuBar(); }); });
     }
     m_settingsWindow->showSettingsWithTab(tab);
 }

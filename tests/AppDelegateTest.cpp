@@ -356,6 +356,24 @@ TEST_F(AppDelegateTest, MenuFollowsAChangedHotkey)
     EXPECT_EQ(entry(0).keyEquivalentModifierMask, 0x60000U);
 }
 
+TEST_F(AppDelegateTest, MenuIsMadeAnewForTheHotkeyAndForTheNewsOfIt)
+{
+    launch();
+    delegate->showSettings();
+    const auto* window = qobject_cast<QQuickView*>(windowCalled("Settings"));
+    ASSERT_NE(window, nullptr);
+    auto* view = window->rootObject()->property("view").value<SimpleSettingsView*>();
+    ASSERT_NE(view, nullptr);
+    ShortcutRecorderView& recorder = *view->globalHotkey()->recorder();
+    const LogCapture log;
+    recorder.startRecording();
+    recorder.handleEvent({KeyEvent::keyDown, 40, commandAndOption});
+    recorder.saveShortcut();
+    turn();
+    EXPECT_EQ(entry(0).keyEquivalent, QStringLiteral("k"));
+    EXPECT_EQ(log.prints().count(QStringLiteral("[AppDelegate] refreshMenuBar() called")), 2);
+}
+
 TEST_F(AppDelegateTest, MenuFollowsAnUpdate)
 {
     launch();

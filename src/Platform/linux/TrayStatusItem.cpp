@@ -20,6 +20,12 @@ namespace {
 const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 
+// An ampersand would be taken for the mark of a letter.
+QString shown(QString title)
+{
+    return title.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 QKeySequence shortcut(const MenuEntry& entry)
 {
     if (entry.keyEquivalent.isEmpty())
@@ -67,7 +73,7 @@ void TrayStatusItem::setMenu(std::vector<MenuEntry> entries)
             menu->addSeparator();
             continue;
         }
-        QAction* action = menu->addAction(entry.title);
+        QAction* action = menu->addAction(shown(entry.title));
         action->setShortcut(shortcut(entry));
         action->setEnabled(entry.isEnabled);
         connect(action, &QAction::triggered, this, std::move(entry.action));

@@ -32,6 +32,8 @@ void SettingsWindowController::open(const QString& tab)
 {
     auto view = std::make_unique<SimpleSettingsView>(m_services, m_windowSystem, tab);
     m_view = view.get();
+    connect(m_view->globalHotkey()->recorder(), &ShortcutRecorderView::globalHotkeyChanged, this,
+            &SettingsWindowController::globalHotkeyChanged);
     const SecondaryWindow::Looks looks{QStringLiteral("Settings"), contentSize, leastSize,
                                        QStringLiteral("Settings/SimpleSettingsView.qml")};
     m_window = std::make_unique<SecondaryWindow>(looks, std::move(view), m_windowSystem);

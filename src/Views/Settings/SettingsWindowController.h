@@ -25,6 +25,10 @@ public:
     [[nodiscard]] SecondaryWindow* settingsWindow() { return m_window.get(); }
     [[nodiscard]] SimpleSettingsView* view() { return m_window ? m_view : nullptr; }
 
+signals:
+    /// The user has saved another hotkey, which is in force by now.
+    void globalHotkeyChanged();
+
 private:
     void open(const QString& tab);
     void windowWillClose();

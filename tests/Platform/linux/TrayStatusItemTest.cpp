@@ -143,4 +143,11 @@ TEST(TrayStatusItem, EntryMayBeOutOfUse)
     EXPECT_TRUE(menu->actions().last()->isEnabled());
 }
 
+TEST(TrayStatusItem, TitleIsShownAsItIs)
+{
+    TrayStatusItem item(icon(), QStringLiteral("Jotwell"));
+    item.setMenu({{QStringLiteral("Notes & more"), [] {}, {}}});
+    EXPECT_NE(menuWith("Notes && more"), nullptr) << "as menus write it";
+}
+
 #include "TrayStatusItemTest.moc"
