@@ -12,7 +12,7 @@ from processes import wait_until
 STATES = ["rest", "hovered", "pressed", "focused", "disabled"]
 BUTTONS = ["Close", "Delete", "Add", "Browse", "Cancel", "Accept", "Add"]
 CHECK_BOXES = ["Off", "On"]
-KEYS = ["Tab", "↑↓", "Enter", "⌘", "⌥", "B", "⌃", "⇧", "Space"]
+KEYS = ["Tab", "↑↓", "Enter", "Ctrl", "Alt", "B", "Super", "Shift", "Space"]
 TABS = ["Daily", "Meeting", "Synced"]
 TOASTS = ["Note created", "No vault is set", "word " * 400]
 FIELDS = [

@@ -202,7 +202,7 @@ class Desktop:
 
     def _windows_of_a_woken_manager(self):
         # openbox may have slept over a window that came while it started.
-        self.ask("xdotool", "set_desktop", "0")
+        self.ask("xdotool", "set_desktop", self.ask("xdotool", "get_desktop") or "0")
         return self.visible_windows()
 
     def _times_listening(self):
