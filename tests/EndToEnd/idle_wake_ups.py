@@ -1,6 +1,5 @@
 """A program that waits for its user sleeps: it wakes for the timers it owes and for nothing else."""
 
-import time
 import unittest
 
 from desktop import Desktop
@@ -14,15 +13,8 @@ MOST_FOR_A_SCAN = 30  # wake-ups of all threads together
 class IdleWakeUps(unittest.TestCase):
     def wake_ups(self, program):
         """How often it wakes in the idle time, once it has come to rest."""
-        def is_at_rest():
-            before = program.wake_ups()
-            time.sleep(1)
-            return program.wake_ups() == before
-
-        wait_until(is_at_rest, "a program at rest")
-        before = program.wake_ups()
-        time.sleep(IDLE_TIME)
-        return program.wake_ups() - before
+        wait_until(lambda: program.wake_ups_in(1) == 0, "a program at rest")
+        return program.wake_ups_in(IDLE_TIME)
 
     def start_hidden(self, desktop, **settings):
         desktop.write_settings(OnboardingCompleted="true", **settings)

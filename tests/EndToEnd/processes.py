@@ -81,13 +81,13 @@ class Process:
         fields = Path(f"/proc/{self.pid()}/stat").read_text().rpartition(") ")[2].split()
         return sum(map(int, fields[11:13])) / os.sysconf("SC_CLK_TCK")
 
-    def wake_ups(self):
-        """How often its threads have been given a processor so far, ended ones left out."""
-        count = 0
-        for thread in Path(f"/proc/{self.pid()}/task").iterdir():
-            lines = (thread / "status").read_text().splitlines()
-            count += sum(int(line.split()[1]) for line in lines if "ctxt_switches:" in line)
-        return count
+    def wake_ups_in(self, seconds):
+        """How often its threads are given a processor in that time; one that ends wakes for it."""
+        before = self._switches()
+        time.sleep(seconds)
+        after = self._switches()
+        ended = len(before.keys() - after.keys())
+        return ended + sum(count - before.get(thread, 0) for thread, count in after.items())
 
     def is_running(self):
         return self._popen.poll() is None
@@ -109,3 +109,13 @@ class Process:
                     self._popen.stdin.close()
             except (ProcessLookupError, subprocess.TimeoutExpired):
                 pass
+
+    def _switches(self):
+        """How often each thread has been given a processor so far."""
+        found = {}
+        for thread in Path(f"/proc/{self.pid()}/task").iterdir():
+            with contextlib.suppress(OSError):  # ended meanwhile
+                lines = (thread / "status").read_text().splitlines()
+                found[thread.name] = sum(
+                    int(line.split()[1]) for line in lines if "ctxt_switches:" in line)
+        return found
