@@ -94,7 +94,7 @@ class Welcome:
 
     def press_close_button(self):
         """Of the window manager, whatever lies over the rest of the window."""
-        told = self.desktop.ask("xwininfo", "-id", self.ids()[0])
+        told = self.desktop.ask("xwininfo", "-id", wait_until(self.ids, "the welcome")[0])
         x, y, width = (int(re.search(rf"{name}: +(-?\d+)", told)[1]) for name in (
             "Absolute upper-left X", "Absolute upper-left Y", "Width"))
         self.desktop.ask("xdotool", "mousemove", "--sync", str(x + width - 8),
