@@ -69,7 +69,7 @@ class CaptureWindow:
 
     def place(self):
         """Its rectangle on the screen in pixels: x, y, width and height."""
-        told = self.desktop.ask("xwininfo", "-id", self.id)
+        told = wait_until(lambda: self.desktop.ask("xwininfo", "-id", self.id), "its place")
         return tuple(int(re.search(rf"{name}: +(-?\d+)", told)[1]) for name in (
             "Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
 
