@@ -125,8 +125,7 @@ TEST_F(WatchedTemplates, StandAsTheFolderDoesBehindAStormOfEvents)
 
 TEST_F(WatchedTemplates, EventDuringAReadingIsNotLost)
 {
-    touch();
-    m_edge.background.waitForDone(); // read, but not yet told
+    touchUntold();
     m_folder.put(u"c.md"_qs);
     touch();
     settle();
@@ -135,8 +134,7 @@ TEST_F(WatchedTemplates, EventDuringAReadingIsNotLost)
 
 TEST_F(WatchedTemplates, LateReadingDoesNotUndoALoad)
 {
-    touch();
-    m_edge.background.waitForDone();
+    touchUntold();
     m_folder.put(u"c.md"_qs);
     m_service->loadSyncedTemplates();
     settle();
@@ -145,8 +143,7 @@ TEST_F(WatchedTemplates, LateReadingDoesNotUndoALoad)
 
 TEST_F(WatchedTemplates, EventBehindALateReadingIsRead)
 {
-    touch();
-    m_edge.background.waitForDone();
+    touchUntold();
     m_service->loadSyncedTemplates();
     settle();
     m_folder.put(u"c.md"_qs);
@@ -157,8 +154,7 @@ TEST_F(WatchedTemplates, EventBehindALateReadingIsRead)
 
 TEST_F(WatchedTemplates, LateReadingDoesNotUndoASave)
 {
-    touch();
-    m_edge.background.waitForDone();
+    touchUntold();
     m_folder.put(u"c.md"_qs);
     ObsidianTemplate edited = named(u"a"_qs);
     edited.content = u"edited"_qs;
