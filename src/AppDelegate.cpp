@@ -1,6 +1,7 @@
 #include "AppDelegate.h"
 
 #include "Platform/InstanceDoor.h"
+#include "Platform/Platform.h"
 #include "Platform/Scheduler.h"
 #include "Platform/StatusItem.h"
 #include "Platform/TerminationSignals.h"
@@ -42,8 +43,8 @@ constexpr int idleTurnsAtMost = longestWait / idlePollInterval;
 
 } // namespace
 
-AppDelegate::AppDelegate(Desktop desktop, Scheduler& scheduler, QThreadPool& background)
-    : m_desktop(desktop), m_scheduler(scheduler), m_background(background),
+AppDelegate::AppDelegate(Desktop desktop, const Platform& platform)
+    : m_desktop(desktop), m_platform(platform), m_scheduler(platform.scheduler),
       m_settings(SettingsService::shared()), m_localKeyMonitor(std::make_unique<LocalKeyMonitor>(
                                                  m_settings, m_scheduler, m_desktop.windows))
 {
@@ -189,9 +190,15 @@ void AppDelegate::showSettings()
 void AppDelegate::showSettingsWithTab(const QString& tab)
 {
     if (!m_settingsWindow) {
-        const SettingsServices services{m_settings, GlobalHotkeyManager::shared(),
+        const SettingsServices services{m_settings,
+                                        TagIndexService::shared(),
+                                        TemplateSyncService::shared(),
+                                        GlobalHotkeyManager::shared(),
                                         LaunchAtLoginManager::shared(),
-                                        SparkleUpdateManager::shared(), m_scheduler};
+                                        SparkleUpdateManager::shared(),
+                                        m_desktop.folders,
+                                        m_platform.clock,
+                                        m_scheduler};
         m_settingsWindow = std::make_unique<SettingsWindowController>(services, m_desktop.windows);
         connect(m_settingsWindow.get(), &SettingsWindowController::globalHotkeyChanged, this,
                 [this] { m_scheduler.after({}, this, [this] { refreshMenuBar(); }); });
@@ -256,7 +263,7 @@ void AppDelegate::quitWhenIdle(int idleTurns, int turnsLeft)
         return;
     }
     m_scheduler.after(idlePollInterval, this, [this, idleTurns, turnsLeft] {
-        const bool isIdle = m_background.activeThreadCount() == 0;
+        const bool isIdle = m_platform.background.activeThreadCount() == 0;
         quitWhenIdle(isIdle ? idleTurns + 1 : 0, turnsLeft - 1);
     });
 }
@@ -265,9 +272,9 @@ void AppDelegate::finishBackgroundWork()
 {
     const QDeadlineTimer deadline(longestWait);
     do {
-        m_background.waitForDone(static_cast<int>(deadline.remainingTime()));
+        m_platform.background.waitForDone(static_cast<int>(deadline.remainingTime()));
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    } while (m_background.activeThreadCount() > 0 && !deadline.hasExpired());
+    } while (m_platform.background.activeThreadCount() > 0 && !deadline.hasExpired());
 }
 
 } // namespace jotwell

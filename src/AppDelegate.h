@@ -6,7 +6,6 @@
 #include <memory>
 
 class QSessionManager;
-class QThreadPool;
 
 namespace jotwell {
 
@@ -22,6 +21,7 @@ class SettingsWindowController;
 class StatusItem;
 class TerminationSignals;
 class WindowSystem;
+struct Platform;
 
 /// What the desktop has for a program as a whole.
 struct Desktop {
@@ -38,9 +38,9 @@ class AppDelegate : public QObject {
     Q_OBJECT
 
 public:
-    /// Everything named here must outlive the delegate. `background` is where work runs that is to
-    /// be finished before the program ends.
-    AppDelegate(Desktop desktop, Scheduler& scheduler, QThreadPool& background);
+    /// Everything named here must outlive the delegate. Work in the platform's background is
+    /// finished before the program ends.
+    AppDelegate(Desktop desktop, const Platform& platform);
     ~AppDelegate() override;
 
     /// The start-up sequence; call it once, before the event loop runs.
@@ -81,8 +81,8 @@ private:
     void finishBackgroundWork();
 
     Desktop m_desktop;
+    const Platform& m_platform;
     Scheduler& m_scheduler;
-    QThreadPool& m_background;
     SettingsService& m_settings;
     std::unique_ptr<FloatingWindowView> m_floatingWindowView;
     std::unique_ptr<FloatingWindow> m_floatingWindow;

@@ -90,7 +90,7 @@ int run(InstanceDoor& door)
     int status = 0;
     {
         AppDelegate delegate({door, *statusItem, *windows, *terminationSignals, *folders},
-                             platform.scheduler, platform.background);
+                             platform);
         delegate.applicationDidFinishLaunching();
         status = QApplication::exec();
     }

@@ -68,7 +68,7 @@ protected:
         delegate =
             std::make_unique<AppDelegate>(Desktop{desktop.door, desktop.statusItem, desktop.windows,
                                                   desktop.terminationSignals, desktop.folders},
-                                          fake.scheduler, fake.background);
+                                          fake.platform);
         delegate->applicationDidFinishLaunching();
     }
 

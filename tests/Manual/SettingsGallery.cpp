@@ -1,3 +1,4 @@
+#include "Fakes/FakeFolderPanel.h"
 #include "Fakes/FakePlatform.h"
 #include "Fakes/FakeWindowSystem.h"
 #include "Gallery.h"
@@ -5,6 +6,8 @@
 #include "Services/LaunchAtLoginManager.h"
 #include "Services/SettingsService.h"
 #include "Services/SparkleUpdateManager.h"
+#include "Services/TagIndexService.h"
+#include "Services/TemplateSyncService.h"
 #include "Services/ToastManager.h"
 #include "Views/Settings/SettingsWindowController.h"
 
@@ -22,13 +25,17 @@ struct Settings {
     FakeWindowSystem windowSystem;
     ToastManager toasts{fake.scheduler};
     SettingsService settings{fake.defaults, [] { return ObsidianTemplates(); }};
+    TagIndexService index{fake.platform};
+    TemplateSyncService templates{fake.platform, settings};
+    FakeFolderPanel folders;
     GlobalHotkeyManager hotkeys{fake.hotkeys, settings, fake.clock, fake.scheduler, toasts};
     LaunchAtLoginManager launchAtLogin{fake.loginItem, fake.defaults, fake.scheduler};
     SparkleUpdateManager updates{fake.updater, fake.workspace, fake.scheduler, toasts};
 
     [[nodiscard]] SettingsServices services()
     {
-        return {settings, hotkeys, launchAtLogin, updates, fake.scheduler};
+        return {settings, index,   templates,  hotkeys,       launchAtLogin,
+                updates,  folders, fake.clock, fake.scheduler};
     }
 
     void bring(SimpleSettingsView& view, const QString& state)

@@ -150,7 +150,7 @@ AppDelegate& Session::application()
         m_application = std::make_unique<AppDelegate>(
             Desktop{m_desktop.door, m_desktop.statusItem, m_desktop.windows,
                     m_desktop.terminationSignals, m_desktop.folders},
-            m_platform.platform().scheduler, m_platform.platform().background);
+            m_platform.platform());
         recordApplication();
     }
     return *m_application;

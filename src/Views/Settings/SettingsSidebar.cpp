@@ -11,19 +11,37 @@ QString headingOf(int row)
     return row > 0 && all.at(row - 1).group == group ? QString() : group;
 }
 
+SidebarEntry general(const char* id, const char* symbol, const char* title)
+{
+    return {QString::fromLatin1(id),
+            QStringLiteral("GENERAL"),
+            QString::fromLatin1(symbol),
+            QString::fromLatin1(title),
+            QString(),
+            std::nullopt};
+}
+
+QList<SidebarEntry> makeEntries()
+{
+    QList<SidebarEntry> entries{
+        general("globalHotkey", "command.circle.fill", "Global Hotkey"),
+        general("obsidianVault", "folder.circle.fill", "Obsidian Vault"),
+        general("softwareUpdates", "arrow.down.circle.fill", "Updates"),
+        general("other", "gearshape.circle.fill", "Other"),
+    };
+    for (const Command command : allCommands) {
+        const DropdownItem item = row(command);
+        entries.append({rawValue(command), QStringLiteral("COMMANDS"), item.icon, item.displayName,
+                        item.description, command});
+    }
+    return entries;
+}
+
 } // namespace
 
 const QList<SidebarEntry>& SettingsSidebar::entries()
 {
-    const QString general = QStringLiteral("GENERAL");
-    static const QList<SidebarEntry> all{
-        {QStringLiteral("globalHotkey"), general, QStringLiteral("command.circle.fill"),
-         QStringLiteral("Global Hotkey")},
-        {QStringLiteral("softwareUpdates"), general, QStringLiteral("arrow.down.circle.fill"),
-         QStringLiteral("Updates")},
-        {QStringLiteral("other"), general, QStringLiteral("gearshape.circle.fill"),
-         QStringLiteral("Other")},
-    };
+    static const QList<SidebarEntry> all = makeEntries();
     return all;
 }
 
@@ -55,6 +73,8 @@ QVariant SettingsSidebar::data(const QModelIndex& index, int role) const
         return entry.symbol;
     case title:
         return entry.title;
+    case description:
+        return entry.description;
     default:
         return {};
     }
@@ -62,7 +82,11 @@ QVariant SettingsSidebar::data(const QModelIndex& index, int role) const
 
 QHash<int, QByteArray> SettingsSidebar::roleNames() const
 {
-    return {{entryId, "entryId"}, {heading, "heading"}, {symbol, "symbol"}, {title, "title"}};
+    return {{entryId, "entryId"},
+            {heading, "heading"},
+            {symbol, "symbol"},
+            {title, "title"},
+            {description, "description"}};
 }
 
 } // namespace jotwell

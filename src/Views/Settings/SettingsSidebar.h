@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Models/Command.h"
+
 #include <QAbstractListModel>
 #include <QList>
 #include <QtQml/qqmlregistration.h>
@@ -12,8 +14,10 @@ namespace jotwell {
 struct SidebarEntry {
     QString id;
     QString group;
-    QString symbol;
+    QString symbol; ///< a symbol name, or the emoji itself for commands
     QString title;
+    QString description; ///< what a command does, empty for the others
+    std::optional<Command> command;
 
     bool operator==(const SidebarEntry&) const = default;
 };
@@ -26,7 +30,7 @@ class SettingsSidebar : public QAbstractListModel {
 
 public:
     /// `heading` is the name of the group in its first row, and empty in the others.
-    enum Role { entryId = Qt::UserRole, heading, symbol, title };
+    enum Role { entryId = Qt::UserRole, heading, symbol, title, description };
 
     using QAbstractListModel::QAbstractListModel;
 

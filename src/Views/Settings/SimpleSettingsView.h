@@ -1,8 +1,11 @@
 #pragma once
 
 #include "Views/Settings/GlobalHotkeySettingsView.h"
+#include "Views/Settings/ObsidianVaultSettingsView.h"
 #include "Views/Settings/OtherSettingsView.h"
+#include "Views/Settings/RecentNotesSettingsView.h"
 #include "Views/Settings/SettingsSidebar.h"
+#include "Views/Settings/SimpleObsidianSettingsView.h"
 #include "Views/Settings/UpdateSettingsView.h"
 
 namespace jotwell {
@@ -10,9 +13,13 @@ namespace jotwell {
 /// What the settings read and change; all of it outlives them.
 struct SettingsServices {
     SettingsService& settings;
+    TagIndexService& index;
+    TemplateSyncService& templates;
     GlobalHotkeyManager& hotkeys;
     LaunchAtLoginManager& launchAtLogin;
     SparkleUpdateManager& updates;
+    FolderPanel& folders;
+    const Clock& clock;
     Scheduler& scheduler;
 };
 
@@ -27,8 +34,11 @@ class SimpleSettingsView : public QObject {
     Q_PROPERTY(int selectedRow READ selectedRow NOTIFY selectedItemChanged)
     Q_PROPERTY(jotwell::SettingsSidebar* sidebar READ sidebar CONSTANT)
     Q_PROPERTY(jotwell::GlobalHotkeySettingsView* globalHotkey READ globalHotkey CONSTANT)
+    Q_PROPERTY(jotwell::ObsidianVaultSettingsView* obsidianVault READ obsidianVault CONSTANT)
     Q_PROPERTY(jotwell::UpdateSettingsView* softwareUpdates READ softwareUpdates CONSTANT)
     Q_PROPERTY(jotwell::OtherSettingsView* other READ other CONSTANT)
+    Q_PROPERTY(jotwell::SimpleObsidianSettingsView* newNote READ newNote CONSTANT)
+    Q_PROPERTY(jotwell::RecentNotesSettingsView* recentNotes READ recentNotes CONSTANT)
 
 public:
     /// Shows the screen of that entry; the first one for an id that isn't there.
@@ -38,10 +48,15 @@ public:
     /// The id of an entry.
     [[nodiscard]] const QString& selectedItem() const { return m_selectedItem; }
     [[nodiscard]] int selectedRow() const;
+    /// None while an entry of another group is selected.
+    [[nodiscard]] std::optional<Command> selectedCommand() const;
     [[nodiscard]] SettingsSidebar* sidebar() { return &m_sidebar; }
     [[nodiscard]] GlobalHotkeySettingsView* globalHotkey() { return &m_globalHotkey; }
+    [[nodiscard]] ObsidianVaultSettingsView* obsidianVault() { return &m_obsidianVault; }
     [[nodiscard]] UpdateSettingsView* softwareUpdates() { return &m_softwareUpdates; }
     [[nodiscard]] OtherSettingsView* other() { return &m_other; }
+    [[nodiscard]] SimpleObsidianSettingsView* newNote() { return &m_newNote; }
+    [[nodiscard]] RecentNotesSettingsView* recentNotes() { return &m_recentNotes; }
 
     /// The user has chosen that row; rows that aren't there are passed over.
     Q_INVOKABLE void select(int row);
@@ -53,11 +68,16 @@ signals:
 
 private:
     [[nodiscard]] SettingsScreen& screen();
+    [[nodiscard]] SettingsScreen& screenOf(Command command);
 
     SettingsSidebar m_sidebar;
     GlobalHotkeySettingsView m_globalHotkey;
+    ObsidianVaultSettingsView m_obsidianVault;
     UpdateSettingsView m_softwareUpdates;
     OtherSettingsView m_other;
+    SimpleObsidianSettingsView m_newNote;
+    SettingsScreen m_searchNotes; ///< has no settings
+    RecentNotesSettingsView m_recentNotes;
     QString m_selectedItem;
 };
 

@@ -44,8 +44,12 @@ Rectangle {
 
     function screenOf(item: string): Component {
         switch (item) {
+        case "obsidianVault": return obsidianVault
         case "softwareUpdates": return softwareUpdates
         case "other": return other
+        case "/new_note": return newNote
+        case "/search_notes": return searchNotes
+        case "/recent": return recentNotes
         default: return globalHotkey
         }
     }
@@ -56,6 +60,11 @@ Rectangle {
         GlobalHotkeySettingsView { screen: root.view.globalHotkey }
     }
     Component {
+        id: obsidianVault
+
+        ObsidianVaultSettingsView { screen: root.view.obsidianVault }
+    }
+    Component {
         id: softwareUpdates
 
         UpdateSettingsView { screen: root.view.softwareUpdates }
@@ -64,5 +73,20 @@ Rectangle {
         id: other
 
         OtherSettingsView { screen: root.view.other }
+    }
+    Component {
+        id: newNote
+
+        SimpleObsidianSettingsView { screen: root.view.newNote }
+    }
+    Component {
+        id: searchNotes
+
+        SearchNotesSettingsView {}
+    }
+    Component {
+        id: recentNotes
+
+        RecentNotesSettingsView { screen: root.view.recentNotes }
     }
 }

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "Fakes/FakeFolderPanel.h"
 #include "Fakes/FakePlatform.h"
 #include "Fakes/FakeWindowSystem.h"
 #include "Services/GlobalHotkeyManager.h"
 #include "Services/LaunchAtLoginManager.h"
 #include "Services/SettingsService.h"
 #include "Services/SparkleUpdateManager.h"
+#include "Services/TagIndexService.h"
+#include "Services/TemplateSyncService.h"
 #include "Services/ToastManager.h"
 #include "Views/Settings/SimpleSettingsView.h"
 
@@ -34,6 +37,9 @@ public:
     FakeWindowSystem windowSystem;
     ToastManager toasts{fake.scheduler};
     SettingsService settings{fake.defaults, [] { return ObsidianTemplates(); }};
+    TagIndexService index{fake.platform};
+    TemplateSyncService templates{fake.platform, settings};
+    FakeFolderPanel folders;
     GlobalHotkeyManager hotkeys{fake.hotkeys, settings, fake.clock, fake.scheduler, toasts};
     LaunchAtLoginManager launchAtLogin{fake.loginItem, fake.defaults, fake.scheduler};
     SparkleUpdateManager updates{fake.updater, fake.workspace, fake.scheduler, toasts};
@@ -41,7 +47,8 @@ public:
 
     [[nodiscard]] SettingsServices services()
     {
-        return {settings, hotkeys, launchAtLogin, updates, fake.scheduler};
+        return {settings, index,   templates,  hotkeys,       launchAtLogin,
+                updates,  folders, fake.clock, fake.scheduler};
     }
     [[nodiscard]] RecorderServices recorderServices()
     {

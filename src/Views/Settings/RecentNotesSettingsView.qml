@@ -1,0 +1,9 @@
+import QtQuick
+import Jotwell
+
+// How many recent notes are listed.
+SettingsCard {
+    id: view
+
+    required property RecentNotesSettingsState screen
+}

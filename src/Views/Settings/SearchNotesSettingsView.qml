@@ -1,0 +1,6 @@
+import QtQuick
+import Jotwell
+
+// Searches have no settings.
+SettingsCard {
+}

@@ -1,0 +1,9 @@
+import QtQuick
+import Jotwell
+
+// The templates of new notes.
+SettingsCard {
+    id: view
+
+    required property SimpleObsidianSettingsState screen
+}
