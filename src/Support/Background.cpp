@@ -1,5 +1,6 @@
 #include "Support/Background.h"
 
+#include <QFutureWatcher>
 #include <QThreadPool>
 #include <QtConcurrent/qtconcurrenttask.h>
 
@@ -47,7 +48,17 @@ QFuture<void> startInBackground(QThreadPool& pool, std::function<void()> work, i
     return QtConcurrent::task(std::move(run)).onThreadPool(pool).withPriority(priority).spawn();
 }
 
-void takeOverFromBackground()
+void EndOfWork::await_suspend(std::coroutine_handle<> waiting)
+{
+    auto* watcher = new QFutureWatcher<void>;
+    QObject::connect(watcher, &QFutureWatcher<void>::finished, watcher, [watcher, waiting] {
+        watcher->deleteLater();
+        waiting.resume();
+    });
+    watcher->setFuture(m_work);
+}
+
+void EndOfWork::await_resume()
 {
     take(Way::back);
 }

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QCoroFuture>
 #include <QCoroTask>
 
 #include <QFuture>
 
+#include <coroutine>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -14,18 +14,29 @@ class QThreadPool;
 namespace jotwell {
 
 /// Starts `work` on a thread of `pool`, before what waits there with a lower priority; all that it
-/// touches is to be its own. For `inBackground`.
+/// touches is to be its own. Its end is awaited by `EndOfWork`.
 [[nodiscard]] QFuture<void> startInBackground(QThreadPool& pool, std::function<void()> work,
                                               int priority = 0);
-/// Whoever has awaited such a future calls this before touching what the work has left behind.
-void takeOverFromBackground();
+
+/// Awaits the end of work in the background, which comes on a later turn of the event loop even if
+/// the work is over by then: an answer never overtakes its question.
+class EndOfWork {
+public:
+    explicit EndOfWork(QFuture<void> work) : m_work(std::move(work)) {}
+
+    [[nodiscard]] static bool await_ready() { return false; }
+    void await_suspend(std::coroutine_handle<> waiting);
+    static void await_resume();
+
+private:
+    QFuture<void> m_work;
+};
 
 /// What `result` holds once `work` has ended. For `inBackground`.
 template <typename T>
 QCoro::Task<T> resultOf(QFuture<void> work, std::shared_ptr<std::optional<T>> result)
 {
-    co_await work;
-    takeOverFromBackground();
+    co_await EndOfWork(std::move(work));
     co_return std::move(**result);
 }
 

@@ -122,12 +122,7 @@ TEST_F(RecentNotesTest, PathsOfAVaultWithATrailingSlashHaveNoSecondOne)
 
 class RecentNotesInTheBackground : public RecentNotesTest {
 protected:
-    // What is asked for first begins with the first step: done at once, it would be no step.
-    RecentNotesInTheBackground()
-    {
-        edge.background.setMaxThreadCount(1);
-        edge.background.start([this] { m_begins.acquire(); });
-    }
+    RecentNotesInTheBackground() { edge.background.setMaxThreadCount(1); }
 
     /// Lets the background do what it has been asked for, and the main thread ask for more, which
     /// then waits for `goOn`.
@@ -137,14 +132,12 @@ protected:
             m_isHeld.release();
             m_goesOn.acquire();
         });
-        m_begins.release();
         m_isHeld.acquire();
         QCoreApplication::processEvents();
     }
     void goOn() { m_goesOn.release(); }
 
 private:
-    QSemaphore m_begins;
     QSemaphore m_isHeld;
     QSemaphore m_goesOn;
 };

@@ -7,8 +7,6 @@
 #include "Services/TemplateSyncService.h"
 
 #include <QCoreApplication>
-#include <QSemaphore>
-#include <QThreadPool>
 
 #include <gtest/gtest.h>
 
@@ -56,18 +54,6 @@ protected:
 
     /// Raises the event of a change in the folder.
     void touch() { m_edge.folders.touch(m_folder.path()); }
-
-    /// The same, and reads the folder for it, but doesn't tell yet what it has read. The reading is
-    /// held until the service waits for it: done at once, it would be told at once.
-    void touchUntold()
-    {
-        m_edge.background.setMaxThreadCount(1);
-        QSemaphore begins;
-        m_edge.background.start([&begins] { begins.acquire(); });
-        touch();
-        begins.release();
-        m_edge.background.waitForDone();
-    }
 
     ScratchFolder m_folder;
     FakePlatform m_edge;

@@ -125,7 +125,8 @@ TEST_F(WatchedTemplates, StandAsTheFolderDoesBehindAStormOfEvents)
 
 TEST_F(WatchedTemplates, EventDuringAReadingIsNotLost)
 {
-    touchUntold();
+    touch();
+    m_edge.background.waitForDone(); // read, but not yet told
     m_folder.put(u"c.md"_qs);
     touch();
     settle();
@@ -134,7 +135,8 @@ TEST_F(WatchedTemplates, EventDuringAReadingIsNotLost)
 
 TEST_F(WatchedTemplates, LateReadingDoesNotUndoALoad)
 {
-    touchUntold();
+    touch();
+    m_edge.background.waitForDone();
     m_folder.put(u"c.md"_qs);
     m_service->loadSyncedTemplates();
     settle();
@@ -143,7 +145,8 @@ TEST_F(WatchedTemplates, LateReadingDoesNotUndoALoad)
 
 TEST_F(WatchedTemplates, EventBehindALateReadingIsRead)
 {
-    touchUntold();
+    touch();
+    m_edge.background.waitForDone();
     m_service->loadSyncedTemplates();
     settle();
     m_folder.put(u"c.md"_qs);
@@ -154,7 +157,8 @@ TEST_F(WatchedTemplates, EventBehindALateReadingIsRead)
 
 TEST_F(WatchedTemplates, LateReadingDoesNotUndoASave)
 {
-    touchUntold();
+    touch();
+    m_edge.background.waitForDone();
     m_folder.put(u"c.md"_qs);
     ObsidianTemplate edited = named(u"a"_qs);
     edited.content = u"edited"_qs;

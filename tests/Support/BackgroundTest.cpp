@@ -45,6 +45,21 @@ TEST_F(Background, GivesTheResultOnTheThreadThatAwaitsIt)
     EXPECT_NE(worker, QThread::currentThread());
 }
 
+TEST_F(Background, AnswerOfWorkThatIsOverComesLaterAllTheSame)
+{
+    const QFuture<void> work = startInBackground(m_pool, [] {});
+    m_pool.waitForDone();
+    bool isTold = false;
+    const auto waiting = [](QFuture<void> work, bool& isTold) -> QCoro::Task<void> {
+        co_await EndOfWork(std::move(work));
+        isTold = true;
+    };
+    QCoro::Task<void> task = waiting(work, isTold);
+    EXPECT_FALSE(isTold);
+    finished(std::move(task));
+    EXPECT_TRUE(isTold);
+}
+
 TEST_F(Background, WhatComesFirstGoesBeforeWhatWaits)
 {
     QSemaphore mayGoOn;
@@ -62,10 +77,15 @@ TEST_F(Background, WhatComesFirstGoesBeforeWhatWaits)
 // A constant is copied where a variable would be moved.
 TEST_F(Background, WhatTheWorkHoldsEndsOnThePoolsThread)
 {
-    QCoro::Task<bool> task = [this] {
+    QSemaphore begins; // behind the end of what is held here
+    QCoro::Task<bool> task = [this, &begins] {
         const auto witness = std::make_shared<EndWitness>(m_endedOn);
-        return inBackground(m_pool, [witness] { return witness != nullptr; });
+        return inBackground(m_pool, [witness, &begins] {
+            begins.acquire();
+            return witness != nullptr;
+        });
     }();
+    begins.release();
     EXPECT_TRUE(finished(std::move(task)));
     waitForEnd();
     EXPECT_NE(m_endedOn.load(), QThread::currentThread());

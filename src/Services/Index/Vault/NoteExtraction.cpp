@@ -36,8 +36,7 @@ QCoro::Task<NoteExtraction::Records> NoteExtraction::nextBatch()
     m_ahead.pop_front();
     if (m_firstUnstarted < m_order->files.size())
         startNextBatch();
-    co_await batch.reading;
-    takeOverFromBackground();
+    co_await EndOfWork(batch.reading);
     co_return std::move(*batch.records);
 }
 

@@ -1,0 +1,1 @@
+// Gives JotwellTestHeaders something to compile.
