@@ -264,9 +264,11 @@ TEST_F(PortalFolderPanelTest, SecondPanelIsNotOpened)
 {
     makePortal();
     choose();
-    choose();
     open();
+    choose();
+    QTest::qWait(2 * ofTheBus);
     EXPECT_EQ(m_portal->questions().size(), 1);
+    EXPECT_EQ(m_portal->closed(), QStringList());
     respond(0, chosen({QStringLiteral("file:///v")}));
     EXPECT_EQ(m_chosen, QStringList(QStringLiteral("/v")));
 }
