@@ -68,6 +68,11 @@ void GlobalHotkeyManager::setHotkeyHandler(std::function<void()> handler)
     m_onHotkeyPressed = std::move(handler);
 }
 
+void GlobalHotkeyManager::setHotkeyTaker(std::function<void(const Hotkey&)> taker)
+{
+    m_hotkeyTaker = std::move(taker);
+}
+
 void GlobalHotkeyManager::checkAndStartMonitoring()
 {
     const bool isGranted = checkAccessibilityPermissions();
@@ -219,6 +224,10 @@ bool GlobalHotkeyManager::checkHotkeyMatch(qint64 keyCode, quint64 flags, Channe
 // The channel isn't kept waiting for what the handler does.
 void GlobalHotkeyManager::triggerHotkey()
 {
+    if (m_hotkeyTaker) {
+        m_hotkeyTaker(target());
+        return;
+    }
     if (!m_deduplication.accept(m_clock.now()))
         return;
     m_scheduler.after({}, this, [this] {

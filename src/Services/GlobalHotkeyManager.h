@@ -30,6 +30,9 @@ public:
 
     /// What a press runs, on a later turn of the event loop.
     void setHotkeyHandler(std::function<void()> handler);
+    /// What gets each press at once and instead of the handler, for as long as it is set: the
+    /// desktop has taken the key away from whoever would like to see it typed.
+    void setHotkeyTaker(std::function<void(const Hotkey&)> taker);
 
     /// Starts or stops if the permission isn't what it was when last seen.
     void checkAndStartMonitoring();
@@ -94,6 +97,7 @@ private:
     std::unique_ptr<HotkeyChannel> m_nsEventMonitor;
     bool m_isEnabled = false;
     std::function<void()> m_onHotkeyPressed;
+    std::function<void(const Hotkey&)> m_hotkeyTaker;
     Hotkey m_custom; ///< as stored, with its zeros
     bool m_lastPermissionStatus = false;
     std::unique_ptr<QObject> m_permissionPollingTimer; ///< the polls end with it

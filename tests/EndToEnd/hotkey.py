@@ -9,6 +9,7 @@ from pathlib import Path
 
 from desktop import Desktop
 from processes import wait_until
+from settings import SAME_PRESS, settings
 from shortcuts_portal import DENYING, GRANTING, SILENT, ShortcutsPortal
 from windows import capturing as capturing_window
 
@@ -148,6 +149,22 @@ class Grab(unittest.TestCase):
                 window.desktop.wait_for_no_window()
             time.sleep(0.15)
             self.press_and_see(window)
+
+    def test_present_hotkey_is_recorded_again(self):
+        with settings() as window:
+            desktop = window.desktop
+            wait_until(lambda: "dual monitoring" in window.program.output(), "the hotkey")
+            window.open()
+            desktop.press("Tab", "Return")
+            press_places(desktop, CTRL, ALT, B)
+            time.sleep(0.5)
+            self.assertEqual(desktop.visible_windows(), [])
+            self.assertTrue(window.has_focus())
+            desktop.press("Tab", "Tab", "space")  # to the button that saves
+            wait_until(lambda: window.stored_hotkey() == ("11", "1572864"), "the hotkey")
+            time.sleep(SAME_PRESS)
+            desktop.press("ctrl+alt+b")
+            desktop.wait_for_window()
 
     def test_no_other_key_is_seen(self):
         with capturing() as window:

@@ -63,12 +63,16 @@ class Welcome:
         self.press("Return")
         self.wait_for_step(step)
 
-    def ask_for_folder(self, kind):
-        """From the button that goes on, or where it would be, to an open panel."""
+    def press_choose(self):
+        """From the button that goes on, or where it would be."""
         self.press("Tab")
         while not self._is_focused("Choose..."):
             self.press("Tab")
         self.press("space")
+
+    def ask_for_folder(self, kind):
+        """The same, to an open panel."""
+        self.press_choose()
         wait_until(lambda: self.has_focus(PANELS[kind]), "the keyboard in the panel")
 
     def _is_focused(self, beginning):

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QPoint>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QThread>
@@ -14,6 +15,7 @@
 
 #include <cerrno>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -296,6 +298,92 @@ TEST_F(IniDefaultsStoreTest, QuickChangesOfEqualSizeAreAllSeen)
         ASSERT_EQ(m_store.integer(key), round % 10);
         ASSERT_EQ(reader.integer(key), round % 10);
     }
+}
+
+TEST_F(IniDefaultsStoreTest, ChangeInPlaceIsSeenWhateverItHides)
+{
+    for (int round = 0; round < 50; ++round) {
+        const QByteArray digit = QByteArray::number(round % 10);
+        put("[General]\nKey=" + digit + '\n');
+        const timespec then[2] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
+        ASSERT_EQ(::utimensat(AT_FDCWD, qPrintable(path()), then, 0), 0);
+        ASSERT_EQ(m_store.integer(key), round % 10);
+    }
+}
+
+TEST_F(IniDefaultsStoreTest, SettledChangeInPlaceIsSeenByItsChangeTime)
+{
+    const timespec then[2] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
+    for (const int value : {1, 2}) {
+        put("[General]\nKey=" + QByteArray::number(value) + '\n');
+        ASSERT_EQ(::utimensat(AT_FDCWD, qPrintable(path()), then, 0), 0);
+        QThread::msleep(50);
+        EXPECT_EQ(m_store.integer(key), value);
+        EXPECT_EQ(m_store.integer(key), value);
+    }
+}
+
+TEST_F(IniDefaultsStoreTest, EveryTextSurvivesAnotherProcess)
+{
+    const QString texts[] = {
+        u"42"_qs,
+        u"-1"_qs,
+        u"007"_qs,
+        u"true"_qs,
+        u"False"_qs,
+        u""_qs,
+        u"@Invalid()"_qs,
+        u"@Variant(x)"_qs,
+        u"@String(x)"_qs,
+        u"@@"_qs,
+        u"a, b; c"_qs,
+        u","_qs,
+        u"[General]"_qs,
+        u"a=b"_qs,
+        u"one\ntwo\r\nthree\n"_qs,
+        u"\\n \\x41 \"quoted\" 'a'"_qs,
+        u"  leading and trailing\t "_qs,
+        u" "_qs,
+        u"before"_qs + QChar(0) + u"1after"_qs,
+        QString(QChar(0)),
+        u"\u00e4 \U0001F600 e\u0301 \u2028 \ufeff \x01"
+        u"f"_qs,
+        QString(QChar(0xd83d)),
+        u"low "_qs + QChar(0xde00) + u" and high "_qs + QChar(0xd83d),
+    };
+    for (const QString& text : texts) {
+        m_store.setString(key, text);
+        EXPECT_EQ(m_store.string(key), text);
+        EXPECT_EQ(IniDefaultsStore(path(), m_calls).string(key), text) << text.toStdString();
+    }
+    EXPECT_EQ(m_log, QStringList());
+}
+
+TEST_F(IniDefaultsStoreTest, ValuesOfAForeignHandSurviveAWrite)
+{
+    put("[General]\nList=a, b\nPoint=@Point(1 2)\n\n[Group]\nKey=\"1;2\"\n");
+    m_store.setString(key, QString(QChar(0xd83d)));
+    m_store.remove(key);
+    const QSettings settings(path(), QSettings::IniFormat);
+    EXPECT_EQ(settings.value(QStringLiteral("List")).toStringList(),
+              QStringList({QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_EQ(settings.value(QStringLiteral("Point")).toPoint(), QPoint(1, 2));
+    EXPECT_EQ(settings.value(QStringLiteral("Group/Key")), QVariant(QStringLiteral("1;2")));
+}
+
+TEST_F(IniDefaultsStoreTest, ProgramsThatWriteAtOnceKeepOneAnothersKeys)
+{
+    IniDefaultsStore other(path(), m_calls);
+    const auto write = [](IniDefaultsStore& store, const QString& name) {
+        for (int round = 0; round < 50; ++round)
+            store.setInteger(name + QString::number(round), round);
+    };
+    const std::unique_ptr<QThread> thread(
+        QThread::create([&] { write(other, QStringLiteral("Other")); }));
+    thread->start();
+    write(m_store, QStringLiteral("Own"));
+    thread->wait();
+    EXPECT_EQ(IniDefaultsStore(path(), m_calls).keys().size(), 100);
 }
 
 TEST_F(IniDefaultsStoreTest, FiftyMegabytesAreAValueLikeAnyOther)

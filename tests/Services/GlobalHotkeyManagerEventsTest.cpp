@@ -177,6 +177,26 @@ TEST_F(GlobalHotkeyManagerEventsTest, HandlerRunsOnALaterTurn)
     EXPECT_EQ(presses, 1);
 }
 
+TEST_F(GlobalHotkeyManagerEventsTest, TakerGetsThePressesInsteadOfTheHandler)
+{
+    makeMonitoring();
+    QList<Hotkey> taken;
+    manager->setHotkeyTaker([&](const Hotkey& hotkey) { taken.append(hotkey); });
+    EXPECT_FALSE(channels.tapEvent(down(keyB))) << "nobody else sees it";
+    EXPECT_TRUE(channels.tapEvent(down(keyB, 0x100000)));
+    channels.monitorEvent(down(keyB));
+    const Hotkey hotkey{keyB, commandOption};
+    EXPECT_THAT(taken, ElementsAre(hotkey, hotkey));
+    turnEventLoop();
+    EXPECT_EQ(presses, 0);
+
+    manager->setHotkeyTaker({});
+    channels.tapEvent(down(keyB));
+    turnEventLoop();
+    EXPECT_EQ(presses, 1);
+    EXPECT_EQ(taken.size(), 2);
+}
+
 TEST_F(GlobalHotkeyManagerEventsTest, HandlerIsTheOneThatIsThereWhenItRuns)
 {
     makeMonitoring();

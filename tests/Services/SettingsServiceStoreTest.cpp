@@ -59,6 +59,21 @@ TEST_F(SettingsInAFile, ComeBackBehindARestart)
     EXPECT_TRUE(settings().onboardingCompleted());
 }
 
+TEST_F(SettingsInAFile, EveryTextComesBackBehindARestart)
+{
+    for (const QString& text :
+         {u"42"_qs, u"true"_qs, u""_qs, u"@Invalid()"_qs, u"a, b; c"_qs, u"one\ntwo\r\n"_qs,
+          u"  blank \t"_qs, u"before"_qs + QChar(0) + u"1"_qs, u"half "_qs + QChar(0xd83d)}) {
+        const ObsidianTemplates templates{{QUuid::createUuid(), text, text, true, {}}};
+        settings().setObsidianFolderPath(text);
+        settings().setObsidianTemplate(text);
+        settings().setObsidianTemplates(templates);
+        EXPECT_EQ(settings().obsidianFolderPath(), text);
+        EXPECT_EQ(settings().obsidianTemplate(), text);
+        EXPECT_EQ(settings().obsidianTemplates(), templates);
+    }
+}
+
 TEST_F(SettingsInAFile, ReadingMakesNoFile)
 {
     EXPECT_EQ(settings().obsidianTemplates().size(), 3);

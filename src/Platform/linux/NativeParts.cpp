@@ -7,6 +7,7 @@
 #include "Platform/linux/LinuxHotkeyChannels.h"
 #include "Platform/linux/PcKeyNames.h"
 #include "Platform/linux/PortalAppearance.h"
+#include "Platform/linux/PortalFolderPanel.h"
 #include "Platform/linux/PortalLoginItem.h"
 #include "Platform/linux/PosixFileCalls.h"
 #include "Platform/linux/StateFolder.h"
@@ -85,7 +86,7 @@ std::unique_ptr<Updater> makeUpdater(const Clock& clock, Scheduler& scheduler, F
 
 std::unique_ptr<FolderPanel> makeFolderPanel()
 {
-    return std::make_unique<QtFolderPanel>();
+    return std::make_unique<PortalFolderPanel>(std::make_unique<QtFolderPanel>());
 }
 
 std::unique_ptr<WindowSystem> makeWindowSystem()

@@ -23,11 +23,13 @@ PortalRequest::PortalRequest(const QDBusConnection& bus, QString token) : m_bus(
 }
 
 // Listens first: the answer may come before the reply.
-void PortalRequest::call(const QDBusMessage& question, Answered answered)
+void PortalRequest::call(const QDBusMessage& question, Answered answered,
+                         std::chrono::milliseconds patience)
 {
     m_answered = std::move(answered);
     listenAt(m_path);
-    auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
+    auto* watcher = new QDBusPendingCallWatcher(
+        m_bus.asyncCall(question, static_cast<int>(patience.count())), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
         takeReply(*watcher);
@@ -40,8 +42,13 @@ void PortalRequest::takeReply(const QDBusPendingCallWatcher& watcher)
     const QDBusPendingReply<QDBusObjectPath> reply(watcher);
     if (reply.isError()) {
         m_error = reply.error().message();
+        if (reply.error().type() == QDBusError::NoReply)
+            sendClose(); // what comes too late is to go again
         finish(Outcome::failed, {});
-    } else if (const QString path = reply.value().path(); path != m_path) {
+        return;
+    }
+    m_isTaken = true;
+    if (const QString path = reply.value().path(); path != m_path) {
         stopListening();
         listenAt(path);
     }
@@ -62,8 +69,12 @@ void PortalRequest::stopListening()
 
 void PortalRequest::abandon()
 {
-    if (!std::exchange(m_answered, {}))
-        return;
+    if (std::exchange(m_answered, {}))
+        sendClose();
+}
+
+void PortalRequest::sendClose()
+{
     auto message = QDBusMessage::createMethodCall(DesktopPortal::service, m_path, interface,
                                                   QStringLiteral("Close"));
     message.setAutoStartService(false);

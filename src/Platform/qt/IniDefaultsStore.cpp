@@ -18,9 +18,16 @@
 
 namespace jotwell {
 
+using namespace std::chrono_literals;
+
 namespace {
 
 const QString logCategory = QStringLiteral("Settings");
+
+std::chrono::nanoseconds timeOf(const timespec& time)
+{
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
 
 bool isTruthText(const QString& text)
 {
@@ -33,25 +40,57 @@ bool isWholeNumber(const QString& text)
     return QString::number(text.toLongLong(&ok)) == text && ok;
 }
 
+// The file is UTF-8, which has no halves of surrogate pairs: such text is stored as a record, whose
+// texts QSettings writes unit by unit.
+const QString textOfRecord = QStringLiteral("text");
+
+QVariant storable(const QVariant& value)
+{
+    if (value.typeId() != QMetaType::QString || value.toString().isValidUtf16())
+        return value;
+    return QVariantMap{{textOfRecord, value}};
+}
+
+QVariant restored(const QVariant& stored)
+{
+    const bool isRecord = stored.typeId() == QMetaType::QVariantMap;
+    const QVariant text = isRecord ? stored.toMap().value(textOfRecord) : QVariant();
+    return text.typeId() == QMetaType::QString ? text : stored;
+}
+
 QMap<QString, QVariant> valuesOf(const QSettings& settings)
 {
     QMap<QString, QVariant> values;
     for (const QString& key : settings.allKeys())
-        values.insert(key, settings.value(key));
+        values.insert(key, restored(settings.value(key)));
     return values;
+}
+
+// QSettings syncs what it writes; in the memory of the session that costs nothing.
+QString scratchTemplate()
+{
+    const QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    const bool isOfUse = QFileInfo(session).isDir() && QFileInfo(session).isWritable();
+    return (isOfUse ? session : QDir::tempPath()) + QStringLiteral("/jotwell-XXXXXX");
+}
+
+bool put(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
 }
 
 // QSettings counts a file that a full disk cut short as written, so what it wrote is read again,
 // under another name that its cache doesn't know, before anybody trusts it.
 std::optional<QByteArray> serialized(const QMap<QString, QVariant>& values)
 {
-    const QTemporaryDir scratch;
+    const QTemporaryDir scratch(scratchTemplate());
     const QString written = scratch.filePath(QStringLiteral("written.ini"));
     const QString checked = scratch.filePath(QStringLiteral("checked.ini"));
     {
         QSettings settings(written, QSettings::IniFormat);
         for (auto each = values.begin(); each != values.end(); ++each)
-            settings.setValue(each.key(), each.value());
+            settings.setValue(each.key(), storable(each.value()));
     }
     if (values.isEmpty())
         return QByteArray();
@@ -64,7 +103,7 @@ std::optional<QByteArray> serialized(const QMap<QString, QVariant>& values)
     if (!isComplete || !bytes)
         return std::nullopt;
     for (auto each = values.begin(); each != values.end(); ++each) {
-        if (settings.value(each.key()).toByteArray() != each.value().toByteArray())
+        if (settings.value(each.key()).toByteArray() != storable(each.value()).toByteArray())
             return std::nullopt;
     }
     return *bytes;
@@ -181,18 +220,23 @@ void IniDefaultsStore::setValue(const QString& key, const QVariant& value)
         m_unsaved.clear();
 }
 
+// QSettings remembers what a file of that size and time held, so that it is given a copy under a
+// name that it doesn't know; the file itself only where there is no room for one.
 void IniDefaultsStore::load() const
 {
     const FileIdentity identity = identityOnDisk();
-    if (identity == m_identity)
+    if (identity == m_identity && m_isSettled)
         return;
-    m_identity = identity;
+    rememberIdentity(identity);
     m_fileValues.clear();
     m_isDamaged = false;
     m_isReadable = true;
     if (identity.size < 0)
         return;
-    const QSettings settings(m_filePath, QSettings::IniFormat);
+    const auto bytes = readFile(m_filePath);
+    const QTemporaryDir scratch(scratchTemplate());
+    const QString copy = scratch.filePath(QStringLiteral("copy.ini"));
+    const QSettings settings(bytes && put(copy, *bytes) ? copy : m_filePath, QSettings::IniFormat);
     m_fileValues = valuesOf(settings);
     m_isDamaged = settings.status() == QSettings::FormatError;
     m_isReadable = settings.status() != QSettings::AccessError;
@@ -220,7 +264,7 @@ bool IniDefaultsStore::save(const Values& values)
         return false;
     }
     m_fileValues = values;
-    m_identity = identityOnDisk();
+    rememberIdentity(identityOnDisk());
     m_isDamaged = false;
     return true;
 }
@@ -256,8 +300,17 @@ IniDefaultsStore::FileIdentity IniDefaultsStore::identityOnDisk() const
     struct stat status = {};
     if (::stat(QFile::encodeName(m_filePath).constData(), &status) != 0 || !S_ISREG(status.st_mode))
         return {};
-    return {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec,
-            status.st_mtim.tv_nsec};
+    return {status.st_dev, status.st_ino, status.st_size, timeOf(status.st_mtim),
+            timeOf(status.st_ctim)};
+}
+
+// A change within the same tick of the file system's clock would look like no change.
+void IniDefaultsStore::rememberIdentity(const FileIdentity& identity) const
+{
+    constexpr auto tick = 20ms;
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    m_identity = identity;
+    m_isSettled = identity.size < 0 || std::chrono::abs(now - identity.changed) > tick;
 }
 
 } // namespace jotwell

@@ -7,6 +7,8 @@
 #include <QMutex>
 #include <QVariant>
 
+#include <chrono>
+
 namespace jotwell {
 
 /// The settings as an INI file of QSettings, private to the user. A reading never writes. A write
@@ -37,7 +39,8 @@ private:
     /// What tells one state of the file from the next without reading it.
     struct FileIdentity {
         quint64 device = 0, inode = 0;
-        qint64 size = -1, seconds = 0, nanoseconds = 0;
+        qint64 size = -1;
+        std::chrono::nanoseconds modified{}, changed{};
         bool operator==(const FileIdentity&) const = default;
     };
 
@@ -49,6 +52,7 @@ private:
     [[nodiscard]] Result<void, SystemError> replaceFile(const QByteArray& bytes) const;
     [[nodiscard]] QString freeNameForDamagedFile() const;
     [[nodiscard]] FileIdentity identityOnDisk() const;
+    void rememberIdentity(const FileIdentity& identity) const;
 
     const QString m_filePath;
     FileCalls& m_calls;
@@ -56,6 +60,7 @@ private:
     mutable QMutex m_mutex;
     mutable Values m_fileValues;
     mutable FileIdentity m_identity;
+    mutable bool m_isSettled = true;  ///< another identity will mean another state of the file
     mutable bool m_isDamaged = false; ///< holds more than could be made sense of
     mutable bool m_isReadable = true; ///< as far as it is there
     Values m_unsaved;                 ///< an invalid value stands for a removed key

@@ -17,7 +17,11 @@ ShortcutRecorderView::ShortcutRecorderView(ShortcutBinding binding,
 {
 }
 
-ShortcutRecorderView::~ShortcutRecorderView() = default;
+ShortcutRecorderView::~ShortcutRecorderView()
+{
+    if (isRecording())
+        m_services.hotkeys.setHotkeyTaker({});
+}
 
 bool ShortcutRecorderView::isWaiting() const
 {
@@ -46,6 +50,10 @@ void ShortcutRecorderView::startRecording()
     m_previous = shortcut();
     m_recorded = {};
     m_coordinator = std::make_unique<ShortcutRecorderCoordinator>(*this, m_services.windowSystem);
+    // The present hotkey never gets to a window.
+    m_services.hotkeys.setHotkeyTaker([this](const Hotkey& hotkey) {
+        handleEvent({KeyEvent::keyDown, static_cast<int>(hotkey.keyCode), hotkey.modifiers});
+    });
     emit changed();
 }
 
@@ -67,6 +75,7 @@ void ShortcutRecorderView::saveShortcut()
 void ShortcutRecorderView::stopRecording()
 {
     m_coordinator.reset();
+    m_services.hotkeys.setHotkeyTaker({});
     emit changed();
 }
 

@@ -32,8 +32,8 @@ struct RecorderServices {
 };
 
 /// The control with which the user picks another global hotkey: listens to the program's own keys
-/// while it records, and stores and announces what is saved. Main thread; owned by the screen that
-/// shows it.
+/// while it records, has the present hotkey handed to it, and stores and announces what is saved.
+/// Main thread; owned by the screen that shows it.
 class ShortcutRecorderView : public QObject {
     Q_OBJECT
     QML_NAMED_ELEMENT(ShortcutRecorderState)

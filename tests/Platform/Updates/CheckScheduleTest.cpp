@@ -3,11 +3,14 @@
 #include "Fakes/FailingFileCalls.h"
 #include "Fakes/FakeClock.h"
 #include "Fakes/FakeScheduler.h"
+#include "Platform/linux/PosixFileCalls.h"
 #include "QtPrinters.h"
+#include "Support/FileText.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSemaphore>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -145,8 +148,9 @@ TEST_F(CheckScheduleTest, EndedItChecksNoMore)
 
 TEST_F(CheckScheduleTest, FileIsTheUsersAlone)
 {
-    const auto schedule = newRun();
+    auto schedule = newRun();
     pass(5min);
+    schedule.reset();
     QFile file(m_file);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), QByteArray::number((FakeClock::usualTime + 5min).count()) + '\n');
@@ -176,11 +180,40 @@ TEST_F(CheckScheduleTest, FolderInThePlaceOfTheFileDoesNotMakeItCheckMoreOften)
 TEST_F(CheckScheduleTest, FullDiskDoesNotMakeItCheckMoreOften)
 {
     m_files.failAt(0, ENOSPC);
-    const auto schedule = newRun();
+    auto schedule = newRun();
     pass(12h);
+    schedule.reset();
     EXPECT_TRUE(m_files.hasFailed());
     EXPECT_FALSE(QFileInfo::exists(m_file));
     EXPECT_EQ(m_checks, 1);
+}
+
+/// A disk that isn't done before it may be.
+class SlowFileCalls : public PosixFileCalls {
+public:
+    QSemaphore mayEnd;
+
+    int fsync(int descriptor) override
+    {
+        mayEnd.acquire();
+        return PosixFileCalls::fsync(descriptor);
+    }
+};
+
+TEST_F(CheckScheduleTest, NobodyWaitsForTheDisk)
+{
+    SlowFileCalls files;
+    {
+        CheckSchedule schedule(m_clock, m_scheduler, files, m_file);
+        schedule.noteCheck();
+        m_clock.advance(1min);
+        schedule.noteCheck();
+        EXPECT_FALSE(QFileInfo::exists(m_file));
+        files.mayEnd.release(10);
+    }
+    const auto kept = readFile(m_file);
+    ASSERT_TRUE(kept);
+    EXPECT_EQ(*kept, QByteArray::number((FakeClock::usualTime + 1min).count()) + '\n');
 }
 
 } // namespace

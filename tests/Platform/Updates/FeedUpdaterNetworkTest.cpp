@@ -13,7 +13,22 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-using FeedUpdaterNetworkTest = FeedUpdaterTest;
+class FeedUpdaterNetworkTest : public FeedUpdaterTest {
+protected:
+    /// An updater by such rules doesn't get as far as to ask the host for anything.
+    void expectNoHandshake(const FeedRules& rules)
+    {
+        FeedUpdater updater(rules, m_clock, m_scheduler, m_files, m_folder.filePath(u"other"_qs));
+        m_server.answerFeed(goodFeed);
+        updater.start(&m_news);
+        updater.checkForUpdates();
+        waitForEnd(updater);
+        EXPECT_THAT(m_news.told, ElementsAre(u"none"_qs));
+        EXPECT_TRUE(m_log.value(0).contains(u"SSL handshake failed"_qs))
+            << m_log.value(0).toStdString();
+        EXPECT_THAT(m_server.requests(), IsEmpty());
+    }
+};
 
 TEST_F(FeedUpdaterNetworkTest, HostLearnsNothingOfTheUser)
 {
@@ -209,30 +224,14 @@ TEST_F(FeedUpdaterNetworkTest, CertificateOfAnUnknownAuthorityIsRefused)
 {
     FeedRules strangers = rules();
     strangers.limits.authorities = {TestCertificates().authority()};
-    FeedUpdater updater(strangers, m_clock, m_scheduler, m_files, m_folder.filePath(u"other"_qs));
-    m_server.answerFeed(goodFeed);
-    updater.start(&m_news);
-    updater.checkForUpdates();
-    waitForEnd(updater);
-    EXPECT_THAT(m_news.told, ElementsAre(u"none"_qs));
-    EXPECT_TRUE(m_log.value(0).contains(u"SSL handshake failed"_qs))
-        << m_log.value(0).toStdString();
-    EXPECT_THAT(m_server.requests(), IsEmpty());
+    expectNoHandshake(strangers);
 }
 
 TEST_F(FeedUpdaterNetworkTest, AuthoritiesOfTheSystemDoNotVouchForATestsHost)
 {
     FeedRules usual = rules();
     usual.limits.authorities.clear();
-    FeedUpdater updater(usual, m_clock, m_scheduler, m_files, m_folder.filePath(u"other"_qs));
-    m_server.answerFeed(goodFeed);
-    updater.start(&m_news);
-    updater.checkForUpdates();
-    waitForEnd(updater);
-    EXPECT_THAT(m_news.told, ElementsAre(u"none"_qs));
-    EXPECT_TRUE(m_log.value(0).contains(u"SSL handshake failed"_qs))
-        << m_log.value(0).toStdString();
-    EXPECT_THAT(m_server.requests(), IsEmpty());
+    expectNoHandshake(usual);
 }
 
 TEST_F(FeedUpdaterNetworkTest, HostThatTakesNoConnectionsIsRefused)

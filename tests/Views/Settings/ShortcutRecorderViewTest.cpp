@@ -11,6 +11,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+
 using namespace jotwell;
 
 namespace {
@@ -294,6 +296,38 @@ TEST_F(ShortcutRecorderViewTest, MonitorEndsWithTheRecorder)
         EXPECT_FALSE(press(Qt::Key_K, Qt::ControlModifier, 40));
     }
     EXPECT_TRUE(press(Qt::Key_K, Qt::ControlModifier, 40));
+}
+
+TEST_F(ShortcutRecorderViewTest, PresentHotkeyIsRecordedAndDoesNothingElse)
+{
+    int toggles = 0;
+    bench.hotkeys.setHotkeyHandler([&] { ++toggles; });
+    bench.fake.hotkeys.trusted = true;
+    bench.hotkeys.checkAndStartMonitoring();
+    const auto pressHotkey = [&] {
+        bench.fake.hotkeys.tapEvent({down, 11, command | option});
+        bench.advance(1000);
+        bench.fake.clock.advance(std::chrono::seconds(1));
+    };
+    for (const auto end :
+         {&ShortcutRecorderView::cancelRecording, &ShortcutRecorderView::saveShortcut}) {
+        recorder.startRecording();
+        pressHotkey();
+        EXPECT_EQ(recorder.recorded(), present);
+        EXPECT_TRUE(recorder.canSave());
+        EXPECT_EQ(toggles, 0);
+        (recorder.*end)();
+        bench.advance(0);
+        pressHotkey();
+        EXPECT_EQ(std::exchange(toggles, 0), 1) << "it is what it was";
+    }
+    {
+        ShortcutRecorderView other({[] { return present; }, [](const Hotkey&) {}},
+                                   bench.recorderServices());
+        other.startRecording();
+    }
+    pressHotkey();
+    EXPECT_EQ(toggles, 1) << "the recorder has gone while it recorded";
 }
 
 TEST_F(ShortcutRecorderViewTest, TellsOnlyOfChanges)

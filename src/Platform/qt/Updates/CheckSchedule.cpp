@@ -1,6 +1,7 @@
 #include "Platform/qt/Updates/CheckSchedule.h"
 
 #include "Platform/Scheduler.h"
+#include "Support/Background.h"
 #include "Support/FileText.h"
 #include "Support/Logging.h"
 
@@ -14,10 +15,25 @@ namespace jotwell {
 using std::chrono::duration_cast;
 using std::chrono::seconds;
 
+namespace {
+
+void write(const AtomicFile& atomicFile, const QString& file, const QByteArray& bytes)
+{
+    QDir().mkpath(QFileInfo(file).path());
+    const auto written = atomicFile.write(file, bytes, AtomicFile::Permissions::ownerOnly);
+    if (!written)
+        logError(QStringLiteral("Updates"),
+                 QStringLiteral("The time of the check can't be kept: ") +
+                     written.error().description());
+}
+
+} // namespace
+
 CheckSchedule::CheckSchedule(const Clock& clock, Scheduler& scheduler, FileCalls& files,
                              QString file)
     : m_clock(clock), m_scheduler(scheduler), m_atomicFile(files), m_file(std::move(file))
 {
+    m_writing.setMaxThreadCount(1);
 }
 
 void CheckSchedule::start(std::function<void()> check)
@@ -66,16 +82,13 @@ std::optional<Clock::TimePoint> CheckSchedule::storedCheck() const
     return Clock::TimePoint(seconds(time));
 }
 
-void CheckSchedule::store(Clock::TimePoint time) const
+void CheckSchedule::store(Clock::TimePoint time)
 {
     const qint64 count = duration_cast<seconds>(time.time_since_epoch()).count();
-    QDir().mkpath(QFileInfo(m_file).path());
-    const auto written = m_atomicFile.write(m_file, QByteArray::number(count) + '\n',
-                                            AtomicFile::Permissions::ownerOnly);
-    if (!written)
-        logError(QStringLiteral("Updates"),
-                 QStringLiteral("The time of the check can't be kept: ") +
-                     written.error().description());
+    std::function<void()> work = [atomicFile = m_atomicFile, file = m_file, count] {
+        write(atomicFile, file, QByteArray::number(count) + '\n');
+    };
+    static_cast<void>(startInBackground(m_writing, std::move(work)));
 }
 
 } // namespace jotwell

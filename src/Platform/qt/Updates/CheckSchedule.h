@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QThreadPool>
 
 #include <functional>
 #include <memory>
@@ -16,7 +17,7 @@ class Scheduler;
 
 /// When the feed is to be read by itself: once a day by the wall clock, over all runs of the
 /// program. A long timer would sleep along with the machine, so the clock is looked at every half
-/// hour. Main thread only.
+/// hour. Main thread only; the disk is waited for on a thread of its own, and at the end.
 class CheckSchedule {
 public:
     static constexpr std::chrono::minutes untilFirstLook{5};
@@ -39,7 +40,7 @@ private:
     void lookAfter(std::chrono::minutes delay);
     [[nodiscard]] bool isDue();
     [[nodiscard]] std::optional<Clock::TimePoint> storedCheck() const;
-    void store(Clock::TimePoint time) const;
+    void store(Clock::TimePoint time);
 
     const Clock& m_clock;
     Scheduler& m_scheduler;
@@ -48,6 +49,7 @@ private:
     std::function<void()> m_check;
     std::unique_ptr<QObject> m_looks; ///< there while it runs
     std::optional<Clock::TimePoint> m_lastCheck;
+    QThreadPool m_writing; ///< a single thread, so that the last time is the one that stays
 };
 
 } // namespace jotwell
