@@ -175,7 +175,7 @@ TEST_F(SettingsWindowControllerTest, KeyboardBeginsInTheSidebarAndEscapeClosesNo
     ASSERT_NE(controller.settingsWindow(), nullptr);
     EXPECT_TRUE(controller.settingsWindow()->isVisible());
     QTest::keyClick(controller.settingsWindow(), Qt::Key_Down);
-    EXPECT_EQ(view().selectedItem(), QStringLiteral("softwareUpdates"));
+    EXPECT_EQ(view().selectedItem(), QStringLiteral("obsidianVault"));
 }
 
 TEST_F(SettingsWindowControllerTest, KeysThatAreHeldLightUp)
