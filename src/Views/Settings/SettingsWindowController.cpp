@@ -19,7 +19,12 @@ SettingsWindowController::SettingsWindowController(const SettingsServices& servi
 {
 }
 
-SettingsWindowController::~SettingsWindowController() = default;
+// A program that ends with the window open keeps what was typed in it, too.
+SettingsWindowController::~SettingsWindowController()
+{
+    if (m_window)
+        m_view->leave();
+}
 
 void SettingsWindowController::showSettingsWithTab(const QString& tab)
 {
