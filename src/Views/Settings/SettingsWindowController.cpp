@@ -8,8 +8,8 @@ namespace jotwell {
 
 namespace {
 
-// No control lies on another in it.
-constexpr QSize leastSize(760, 360);
+// No control lies on another in it, and the sidebar is seen whole.
+constexpr QSize leastSize(760, 390);
 
 } // namespace
 
