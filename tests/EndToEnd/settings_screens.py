@@ -48,6 +48,9 @@ class Screens:
         """From the sidebar into the first field of the screen."""
         self.press("Tab")
         self.wait_for_focus(name)
+        self.write_anew(name, text)
+
+    def write_anew(self, name, text):
         self.press("ctrl+a")
         self.desktop.type_text(str(text))
         wait_until(lambda: self.reader.ask(self.reader.find(Role.TEXT, name).text) == str(text),
@@ -153,16 +156,17 @@ class SettingsScreens(unittest.TestCase):
             wait_until(lambda: not it.panels(), "no panel")
             it.wait_for_stored(ObsidianFolderPath=str(vault))
             it.wait_for_label("Index last updated ")
-            it.wait_for_notes_found("/search_notes tomatoes", "Garden")
+            it.wait_for_notes_found("/search_notes tomatoes for", "Garden")
 
     def test_paths_that_are_no_vault(self):
         with screens() as it:
             folder = it.desktop.folder
             (folder / "file").write_text("")
             (folder / "loop").symlink_to("loop")
+            it.go_to(VAULT)
+            it.press("Tab")
             for path in folder / "gone", folder / "file", folder / "loop", folder / "second":
-                it.go_to(VAULT)
-                it.write("Vault Path", path)
+                it.write_anew("Vault Path", path)
                 it.press("Return")
                 it.wait_for_stored(ObsidianFolderPath=str(path))
                 it.wait_for_label(FAILED)
@@ -171,7 +175,7 @@ class SettingsScreens(unittest.TestCase):
             it.wait_for_focus("Rebuild Index")
             it.press("space")
             it.wait_for_label("Index last updated ")
-            it.wait_for_notes_found("/search_notes tomatoes", "Garden")
+            it.wait_for_notes_found("/search_notes tomatoes for", "Garden")
 
     def test_beginnings_of_a_path_are_not_taken(self):
         with screens() as it:
@@ -181,7 +185,7 @@ class SettingsScreens(unittest.TestCase):
             it.wait_for_stored(ObsidianFolderPath=str(it.desktop.vault))
             it.window.close()
             it.wait_for_stored(ObsidianFolderPath=str(vault))
-            it.wait_for_notes_found("/search_notes tomatoes", "Garden")
+            it.wait_for_notes_found("/search_notes tomatoes for", "Garden")
 
     def test_window_closes_in_the_middle_of_a_build(self):
         with screens() as it:
