@@ -206,6 +206,21 @@ TEST_F(ObsidianVaultSettingsViewTest, StalePathIsNotWrittenBack)
     EXPECT_EQ(bench.vaultPath(), vault);
 }
 
+TEST_F(ObsidianVaultSettingsViewTest, PathThatAnotherProgramHasStoredMeanwhileIsNoNewOne)
+{
+    bench.setVaultPath(vault);
+    type(vault);
+    EXPECT_EQ(bench.builds(), 0);
+}
+
+TEST_F(ObsidianVaultSettingsViewTest, NotesOfAPathWithASlashAtItsEndAreFound)
+{
+    type(vault + u'/');
+    bench.finishBuilds();
+    EXPECT_EQ(bench.index.indexedFileCount(), 3);
+    EXPECT_NE(bench.index.index().notes().find((vault + of("/2.md")).toUtf8()), nullptr);
+}
+
 TEST_F(ObsidianVaultSettingsViewTest, WhatIsBeingTypedIsLeftAloneByAnotherProgram)
 {
     const QString third = bench.makeVault(of("third"), 0);
