@@ -195,6 +195,9 @@ TEST_F(ObsidianVaultSettingsViewTest, PathOfAnotherProgramShowsWhenTheUserComesB
     EXPECT_EQ(screen.obsidianFolderPath(), vault);
     bench.settingsView.select(otherRow);
     EXPECT_EQ(bench.vaultPath(), vault);
+    bench.setVaultPath(old);
+    emit qApp->focusWindowChanged(nullptr);
+    EXPECT_EQ(screen.obsidianFolderPath(), vault) << "not on show";
     EXPECT_EQ(bench.builds(), 0);
 }
 
@@ -250,6 +253,7 @@ TEST_F(ObsidianVaultSettingsViewTest, RebuildTakesWhatWasTyped)
     screen.setObsidianFolderPath(vault);
     screen.rebuildIndex();
     EXPECT_EQ(bench.builds(), 1);
+    EXPECT_EQ(bench.vaultPath(), vault);
     bench.finishBuilds();
     EXPECT_EQ(bench.index.monitor().monitoredPath(), vault);
 }
