@@ -24,9 +24,8 @@ std::optional<qint64> RecentNotesSettingsView::count(const QString& text)
     const auto isDigit = [](QChar character) { return isAsciiDigit(character.unicode()); };
     if (!std::all_of(digits.begin(), digits.end(), isDigit))
         return std::nullopt;
-    bool fits = false;
-    const qint64 number = text.toLongLong(&fits);
-    return fits && number >= 1 ? std::optional(number) : std::nullopt;
+    const qint64 number = text.toLongLong(); // 0 for more than fits
+    return number >= 1 ? std::optional(number) : std::nullopt;
 }
 
 void RecentNotesSettingsView::setRecentFilesCount(const QString& text)
