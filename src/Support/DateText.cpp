@@ -126,13 +126,15 @@ QString mediumDateShortTime(std::chrono::system_clock::time_point moment)
 }
 
 QString relativeDate(std::chrono::system_clock::time_point moment,
-                     std::chrono::system_clock::time_point now)
+                     std::chrono::system_clock::time_point now, UnitsStyle style)
 {
     const Place place;
+    const auto units = style == UnitsStyle::full ? UDAT_STYLE_LONG : UDAT_STYLE_NARROW;
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::Calendar> calendar(
         icu::Calendar::createInstance(*place.zone, place.locale, status));
-    const icu::RelativeDateTimeFormatter format(place.locale, status);
+    const icu::RelativeDateTimeFormatter format(place.locale, nullptr, units,
+                                                UDISPCTX_CAPITALIZATION_NONE, status);
     if (U_FAILURE(status))
         return {};
     calendar->setTime(date(now), status);

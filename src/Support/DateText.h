@@ -16,9 +16,13 @@ namespace jotwell {
 /// Date of medium length and time of short length, "Mar 5, 2024, 2:46 PM".
 [[nodiscard]] QString mediumDateShortTime(std::chrono::system_clock::time_point moment);
 
+/// "5 minutes ago", or "5m ago" where the language has such a form.
+enum class UnitsStyle { full, abbreviated };
+
 /// How far a moment lies from `now` in its largest full unit by the calendar, "5 minutes ago" or
 /// "in 2 hours". Less than a second counts as past.
 [[nodiscard]] QString relativeDate(std::chrono::system_clock::time_point moment,
-                                   std::chrono::system_clock::time_point now);
+                                   std::chrono::system_clock::time_point now,
+                                   UnitsStyle style = UnitsStyle::full);
 
 } // namespace jotwell

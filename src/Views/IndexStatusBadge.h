@@ -32,12 +32,13 @@ public:
     [[nodiscard]] const QString& statusColor() const { return m_statusColor; }
     [[nodiscard]] const QString& statusText() const { return m_statusText; }
 
+    /// Works it out anew, for those who have a clock of their own.
+    void update();
+
 signals:
     void statusChanged();
 
 private:
-    void update();
-
     TagIndexService& m_tagIndex;
     const Clock& m_clock;
     QString m_statusColor;

@@ -133,7 +133,7 @@ class HeardSettings(unittest.TestCase):
                              (Role.LIST_ITEM, "Other"), (Role.HEADING, "Status"),
                              (Role.LABEL, "Active"), (Role.LABEL, "Alt Ctrl B")]:
                 self.assertIn(expected, told())
-            window.desktop.press("Down")
+            window.desktop.press("Down", "Down")
             wait_until(lambda: (Role.CHECK_BOX, "Automatically check for updates") in told(),
                        "the updates")
             window.desktop.press("Down")

@@ -2,6 +2,9 @@
 
 #include "Platform/FolderPanel.h"
 
+#include <QObject>
+#include <QPointer>
+
 #include <optional>
 #include <utility>
 
@@ -12,17 +15,22 @@ class FakeFolderPanel : public FolderPanel {
 public:
     std::optional<FolderQuestion> question; ///< the last one, for as long as it is open
 
-    void choose(const FolderQuestion& its, QWindow*, QObject*,
+    void choose(const FolderQuestion& its, QWindow*, QObject* context,
                 std::function<void(const QString&)> chosen) override
     {
         question = its;
+        m_context = context;
         m_chosen = std::move(chosen);
     }
+
+    /// It closes with the one who asked.
+    [[nodiscard]] bool isOpen() const { return question && m_context; }
 
     void answer(const QString& path)
     {
         question.reset();
-        std::exchange(m_chosen, nullptr)(path);
+        if (const auto chosen = std::exchange(m_chosen, nullptr); m_context)
+            chosen(path);
     }
     void cancel()
     {
@@ -31,6 +39,7 @@ public:
     }
 
 private:
+    QPointer<QObject> m_context;
     std::function<void(const QString&)> m_chosen;
 };
 

@@ -11,6 +11,11 @@
 #include "Services/ToastManager.h"
 #include "Views/Settings/SettingsWindowController.h"
 
+#include <QCoroTask>
+
+#include <QCoreApplication>
+#include <QSemaphore>
+#include <QTemporaryDir>
 #include <QtQml/qqmlextensionplugin.h>
 
 Q_IMPORT_QML_PLUGIN(JotwellPlugin)
@@ -21,6 +26,15 @@ namespace {
 
 /// The settings over real services and no desktop.
 struct Settings {
+    Settings()
+    {
+        fake.bulk.setMaxThreadCount(1);
+        settings.setObsidianFolderPath(QStringLiteral("/home/ada/Documents/Vault"));
+    }
+    ~Settings() { built.release(); }
+
+    QTemporaryDir vault;
+    QSemaphore built; ///< what a build waits for that is to be seen running
     FakePlatform fake;
     FakeWindowSystem windowSystem;
     ToastManager toasts{fake.scheduler};
@@ -45,10 +59,28 @@ struct Settings {
             recorder.startRecording();
         if (state == QLatin1String("recorded"))
             recorder.handleEvent({KeyEvent::keyDown, 40, 0x160000});
+        if (state == QLatin1String("indexing"))
+            fake.bulk.start([this] { built.acquire(); });
+        if (state == QLatin1String("indexing") || state == QLatin1String("ready"))
+            build(vault.path());
+        if (state == QLatin1String("error"))
+            build(vault.filePath(QStringLiteral("gone")));
         if (state == QLatin1String("update"))
             fake.updater.delegate->didFindValidUpdate({QStringLiteral("2.10.0"), std::nullopt});
-        // What the services have put off; the times after that never come.
-        fake.scheduler.advance({});
+        if (state != QLatin1String("indexing"))
+            finishBuild();
+        // What the services have put off, and the next frame; the times after that never come.
+        fake.scheduler.advance(std::chrono::milliseconds(16));
+    }
+
+    void build(const QString& path)
+    {
+        QCoro::connect(index.buildIndex(path), &index, [] {});
+    }
+    void finishBuild()
+    {
+        while (index.isIndexing())
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
     }
 };
 
@@ -69,7 +101,8 @@ QCommandLineOption option(const char* name, const char* value)
 int main(int argc, char** argv)
 {
     Gallery gallery(argc, argv,
-                    {option("tab", "entry"), option("state", "denied|recording|recorded|update"),
+                    {option("tab", "entry"),
+                     option("state", "denied|recording|recorded|update|indexing|ready|error"),
                      option("size", "wxh")});
     Settings settings;
     const QString state = gallery.value("state");

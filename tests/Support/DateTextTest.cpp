@@ -148,6 +148,19 @@ INSTANTIATE_TEST_SUITE_P(
                     Distance{"OneYearAhead", 365 * day, "in 1 year", "in 1 Jahr"}),
     [](const auto& test) { return std::string(test.param.name); });
 
+TEST_F(DateText, UnitsAreAbbreviatedOnRequest)
+{
+    const auto abbreviated = [](auto from) {
+        return relativeDate(moment + from, moment, UnitsStyle::abbreviated);
+    };
+    set("LC_ALL", "en_US.UTF-8");
+    EXPECT_EQ(abbreviated(-5min), u"5m ago"_qs);
+    EXPECT_EQ(abbreviated(-2 * day), u"2d ago"_qs);
+    EXPECT_EQ(abbreviated(3h), u"in 3h"_qs);
+    set("LC_ALL", "de_DE.UTF-8");
+    EXPECT_EQ(abbreviated(-5min), u"vor 5 m"_qs);
+}
+
 TEST_F(DateText, MonthsAreAsLongAsTheyAre)
 {
     EXPECT_EQ(relativeDate(at(2023, 2, 1), at(2023, 3, 1)), u"1 month ago"_qs);

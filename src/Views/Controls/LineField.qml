@@ -14,8 +14,14 @@ TitledField {
 
     // Return was pressed in the field.
     signal commit()
+    // That too, or the keyboard has gone elsewhere; not with the whole window.
+    signal editingEnd()
 
     input: line
+
+    function selectAll(): void {
+        line.selectAll()
+    }
 
     TextField {
         id: line
@@ -36,6 +42,10 @@ TitledField {
         placeholderText: field.placeholder
         placeholderTextColor: Theme.placeholderText
         onAccepted: field.commit()
+        onEditingFinished: {
+            if (Window.active)
+                field.editingEnd()
+        }
 
         Accessible.name: field.title
         Accessible.description: field.placeholder

@@ -3,12 +3,19 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Jotwell
 
-// The entries of the settings in groups. The keyboard stops once at the list and goes on inside by
-// arrows.
-Column {
+// The entries of the settings in groups, which scroll where the window is too low. The keyboard
+// stops once at the list and goes on inside by arrows.
+Flickable {
     id: sidebar
 
     required property SettingsState view
+
+    contentWidth: width
+    contentHeight: column.height
+    interactive: contentHeight > height
+    boundsBehavior: Flickable.StopAtBounds
+    clip: interactive
+    onHeightChanged: showSelected()
 
     Accessible.role: Accessible.List
     Accessible.name: "Settings"
@@ -39,6 +46,21 @@ Column {
         rows.itemAt(view.selectedRow).takeFocus()
     }
 
+    // With the heading over it, if there is one.
+    function showSelected(): void {
+        const entry = rows.itemAt(view.selectedRow)
+        if (entry !== null)
+            contentY = Math.max(0, Math.min(Math.max(contentY, entry.y + entry.height - height), entry.y))
+    }
+
+    Connections {
+        target: sidebar.view
+
+        function onSelectedItemChanged(): void {
+            sidebar.showSelected()
+        }
+    }
+
     component SidebarEntry: Column {
         id: entry
 
@@ -46,6 +68,7 @@ Column {
         required property string heading
         required property string symbol
         required property string title
+        required property string description
         readonly property bool hasFocus: row.activeFocus
 
         width: sidebar.width
@@ -75,16 +98,23 @@ Column {
             width: parent.width
             symbol: entry.symbol
             title: entry.title
+            description: entry.description
             isSelected: entry.index === sidebar.view.selectedRow
             activeFocusOnTab: activeFocus || isSelected
             onAction: sidebar.choose(entry.index)
         }
     }
 
-    Repeater {
-        id: rows
+    Column {
+        id: column
 
-        model: sidebar.view.sidebar
-        delegate: SidebarEntry {}
+        width: parent.width
+
+        Repeater {
+            id: rows
+
+            model: sidebar.view.sidebar
+            delegate: SidebarEntry {}
+        }
     }
 }

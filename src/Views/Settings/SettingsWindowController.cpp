@@ -8,8 +8,8 @@ namespace jotwell {
 
 namespace {
 
-// No control lies on another in it.
-constexpr QSize leastSize(760, 360);
+// No control lies on another in it, and the sidebar is seen whole.
+constexpr QSize leastSize(760, 390);
 
 } // namespace
 
@@ -19,7 +19,12 @@ SettingsWindowController::SettingsWindowController(const SettingsServices& servi
 {
 }
 
-SettingsWindowController::~SettingsWindowController() = default;
+// A program that ends with the window open keeps what was typed in it, too.
+SettingsWindowController::~SettingsWindowController()
+{
+    if (m_window)
+        m_view->leave();
+}
 
 void SettingsWindowController::showSettingsWithTab(const QString& tab)
 {

@@ -6,7 +6,8 @@ SimpleSettingsView::SimpleSettingsView(const SettingsServices& services,
                                        const WindowSystem& windowSystem,
                                        const QString& initialSelectedItem)
     : m_globalHotkey({services.settings, services.hotkeys, services.scheduler, windowSystem}),
-      m_obsidianVault({services.settings, services.index, services.folders, services.clock}),
+      m_obsidianVault({services.settings, services.index, services.folders, services.clock,
+                       services.scheduler}),
       m_softwareUpdates(services.updates), m_other(services.launchAtLogin),
       m_newNote({services.settings, services.templates, services.folders}),
       m_recentNotes(services.settings)

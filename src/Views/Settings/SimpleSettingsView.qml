@@ -31,6 +31,7 @@ Rectangle {
 
         objectName: "sidebar"
         width: 250
+        height: parent.height
         view: root.view
     }
 

@@ -1,10 +1,51 @@
 #include "Views/Settings/SettingsBench.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFile>
 #include <QKeyEvent>
 #include <QQuickWindow>
 
+#include <utility>
+
 namespace jotwell {
+
+SettingsBench::SettingsBench(QObject* parent) : QObject(parent)
+{
+    fake.bulk.setMaxThreadCount(1);
+    connect(&index, &TagIndexService::isIndexingChanged, this,
+            [this] { m_builds += index.isIndexing() ? 1 : 0; });
+}
+
+SettingsBench::~SettingsBench()
+{
+    finishBuilds();
+}
+
+QString SettingsBench::makeVault(const QString& name, int notes)
+{
+    const QString path = folder.filePath(name);
+    QDir().mkpath(path);
+    for (int note = 0; note < notes; ++note) {
+        QFile file(path + QStringLiteral("/%1.md").arg(note));
+        file.open(QIODevice::WriteOnly);
+    }
+    return path;
+}
+
+// All threads of the pool are one: what is started behind the gate waits for it.
+void SettingsBench::holdBuilds()
+{
+    ++m_heldBuilds;
+    fake.bulk.start([this] { m_gate.acquire(); });
+}
+
+void SettingsBench::finishBuilds()
+{
+    m_gate.release(std::exchange(m_heldBuilds, 0));
+    while (index.isIndexing())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+}
 
 void SettingsBench::key(QQuickItem* item, bool isDown, int key, int modifiers, int keyCode)
 {

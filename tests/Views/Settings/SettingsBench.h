@@ -14,6 +14,8 @@
 
 #include <QObject>
 #include <QQuickItem>
+#include <QSemaphore>
+#include <QTemporaryDir>
 
 namespace jotwell {
 
@@ -29,10 +31,16 @@ class SettingsBench : public QObject {
     Q_PROPERTY(int backgroundChecks READ backgroundChecks)
     Q_PROPERTY(int hotkeyCode READ hotkeyCode)
     Q_PROPERTY(int hotkeyModifiers READ hotkeyModifiers)
+    Q_PROPERTY(QString vaultPath READ vaultPath WRITE setVaultPath)
+    Q_PROPERTY(int recentFilesCount READ recentFilesCount WRITE setRecentFilesCount)
+    Q_PROPERTY(int builds READ builds)
+    Q_PROPERTY(bool asksForFolder READ asksForFolder)
 
 public:
-    using QObject::QObject;
+    explicit SettingsBench(QObject* parent = nullptr);
+    ~SettingsBench() override;
 
+    QTemporaryDir folder; ///< for vaults
     FakePlatform fake;
     FakeWindowSystem windowSystem;
     ToastManager toasts{fake.scheduler};
@@ -71,6 +79,25 @@ public:
         return static_cast<int>(settings.globalHotkeyModifiers());
     }
 
+    /// As stored.
+    [[nodiscard]] QString vaultPath() const { return settings.obsidianFolderPath(); }
+    void setVaultPath(const QString& path) { settings.setObsidianFolderPath(path); }
+    [[nodiscard]] int recentFilesCount() const
+    {
+        return static_cast<int>(settings.recentFilesCount());
+    }
+    void setRecentFilesCount(int count) { settings.setRecentFilesCount(count); }
+    /// How many have begun.
+    [[nodiscard]] int builds() const { return m_builds; }
+    [[nodiscard]] bool asksForFolder() const { return folders.isOpen(); }
+
+    /// The path of a folder with that many notes.
+    Q_INVOKABLE QString makeVault(const QString& name, int notes);
+    /// From now on builds begin, but list nothing.
+    Q_INVOKABLE void holdBuilds();
+    /// Runs until no build runs any more.
+    Q_INVOKABLE void finishBuilds();
+    Q_INVOKABLE void answerPanel(const QString& path) { folders.answer(path); }
     Q_INVOKABLE void advance(int milliseconds)
     {
         fake.scheduler.advance(std::chrono::milliseconds(milliseconds));
@@ -95,6 +122,11 @@ public:
     }
     /// A key of that place on the keyboard goes to the window of `item`.
     Q_INVOKABLE static void key(QQuickItem* item, bool isDown, int key, int modifiers, int keyCode);
+
+private:
+    QSemaphore m_gate; ///< of held builds
+    int m_heldBuilds = 0;
+    int m_builds = 0;
 };
 
 } // namespace jotwell

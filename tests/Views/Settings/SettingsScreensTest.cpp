@@ -38,24 +38,40 @@ QStringList texts(SettingsSidebar::Role role)
 
 } // namespace
 
-TEST(SettingsSidebar, ListsTheScreensThatThereAre)
+TEST(SettingsSidebar, ListsTheScreensOfBothGroups)
 {
     EXPECT_THAT(texts(SettingsSidebar::entryId),
-                ElementsAre(QStringLiteral("globalHotkey"), QStringLiteral("softwareUpdates"),
-                            QStringLiteral("other")));
+                ElementsAre(QStringLiteral("globalHotkey"), QStringLiteral("obsidianVault"),
+                            QStringLiteral("softwareUpdates"), QStringLiteral("other"),
+                            QStringLiteral("/new_note"), QStringLiteral("/search_notes"),
+                            QStringLiteral("/recent")));
     EXPECT_THAT(texts(SettingsSidebar::title),
-                ElementsAre(QStringLiteral("Global Hotkey"), QStringLiteral("Updates"),
-                            QStringLiteral("Other")));
+                ElementsAre(QStringLiteral("Global Hotkey"), QStringLiteral("Obsidian Vault"),
+                            QStringLiteral("Updates"), QStringLiteral("Other"),
+                            QStringLiteral("/new_note"), QStringLiteral("/search_notes"),
+                            QStringLiteral("/recent")));
+}
+
+TEST(SettingsSidebar, ScreensHaveSymbolsAndCommandsTheirIconsAndWords)
+{
     EXPECT_THAT(texts(SettingsSidebar::symbol),
                 ElementsAre(QStringLiteral("command.circle.fill"),
+                            QStringLiteral("folder.circle.fill"),
                             QStringLiteral("arrow.down.circle.fill"),
-                            QStringLiteral("gearshape.circle.fill")));
+                            QStringLiteral("gearshape.circle.fill"), row(Command::newNote).icon,
+                            row(Command::searchNotes).icon, row(Command::recentNotes).icon));
+    EXPECT_THAT(texts(SettingsSidebar::description),
+                ElementsAre(QString(), QString(), QString(), QString(),
+                            QStringLiteral("Create new note"),
+                            QStringLiteral("Search notes in Obsidian"),
+                            QStringLiteral("Show recent notes")));
 }
 
 TEST(SettingsSidebar, GroupIsWrittenOverItsFirstEntry)
 {
     EXPECT_THAT(texts(SettingsSidebar::heading),
-                ElementsAre(QStringLiteral("GENERAL"), QString(), QString()));
+                ElementsAre(QStringLiteral("GENERAL"), QString(), QString(), QString(),
+                            QStringLiteral("COMMANDS"), QString(), QString()));
 }
 
 TEST(SettingsSidebar, IsAModel)
@@ -65,7 +81,7 @@ TEST(SettingsSidebar, IsAModel)
                                           QAbstractItemModelTester::FailureReportingMode::Fatal);
     EXPECT_EQ(sidebar.rowCount(sidebar.index(0)), 0);
     EXPECT_FALSE(sidebar.index(0).data(Qt::DisplayRole).isValid());
-    EXPECT_EQ(sidebar.roleNames().size(), 4);
+    EXPECT_EQ(sidebar.roleNames().size(), 5);
     EXPECT_EQ(SettingsSidebar::rowOf(QStringLiteral("nowhere")), std::nullopt);
 }
 
@@ -87,10 +103,22 @@ TEST_F(SettingsScreensTest, SelectsByRow)
     const QSignalSpy changes(&view, &SimpleSettingsView::selectedItemChanged);
     view.select(updatesRow);
     EXPECT_EQ(view.selectedItem(), QStringLiteral("softwareUpdates"));
-    for (const int row : {updatesRow, -1, 3})
+    for (const int row : {updatesRow, -1, 7})
         view.select(row);
     EXPECT_EQ(view.selectedRow(), updatesRow);
     EXPECT_EQ(changes.size(), 1);
+}
+
+TEST_F(SettingsScreensTest, CommandIsSelectedByItsText)
+{
+    EXPECT_EQ(view.selectedCommand(), std::nullopt);
+    for (const Command command : allCommands) {
+        view.select(SettingsSidebar::rowOf(rawValue(command)).value());
+        EXPECT_EQ(view.selectedItem(), rawValue(command));
+        EXPECT_EQ(view.selectedCommand(), command);
+    }
+    view.select(otherRow);
+    EXPECT_EQ(view.selectedCommand(), std::nullopt);
 }
 
 TEST_F(SettingsScreensTest, HotkeyIsReadWhenItsScreenComesOnShow)

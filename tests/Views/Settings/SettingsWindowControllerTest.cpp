@@ -17,6 +17,7 @@ using namespace jotwell;
 namespace {
 
 const QString globalHotkey = QStringLiteral("globalHotkey");
+const QString obsidianVault = QStringLiteral("obsidianVault");
 const QString other = QStringLiteral("other");
 
 class SettingsWindowControllerTest : public testing::Test {
@@ -167,6 +168,36 @@ TEST_F(SettingsWindowControllerTest, WhatWasSavedIsStoredThoughTheWindowCloses)
     EXPECT_EQ(bench.hotkeys.customKeyCode(), 40);
 }
 
+TEST_F(SettingsWindowControllerTest, PathThatIsBeingTypedIsStoredThoughTheWindowCloses)
+{
+    show(obsidianVault);
+    const QString vault = bench.makeVault(QStringLiteral("vault"), 1);
+    item("vaultPath")->setProperty("text", vault);
+    EXPECT_EQ(bench.vaultPath(), QString());
+    controller.settingsWindow()->close();
+    EXPECT_EQ(bench.vaultPath(), vault);
+    bench.advance(0);
+    bench.finishBuilds();
+    EXPECT_EQ(bench.index.indexedFileCount(), 1) << "the build goes on";
+}
+
+TEST_F(SettingsWindowControllerTest, PathThatIsBeingTypedIsStoredThoughTheProgramEnds)
+{
+    auto ending = std::make_unique<SettingsWindowController>(bench.services(), bench.windowSystem);
+    ending->showSettingsWithTab(obsidianVault);
+    ending->view()->obsidianVault()->setObsidianFolderPath(QStringLiteral("/vault"));
+    ending.reset();
+    EXPECT_EQ(bench.vaultPath(), QStringLiteral("/vault"));
+}
+
+TEST_F(SettingsWindowControllerTest, PanelClosesWithTheWindow)
+{
+    show(obsidianVault);
+    view().obsidianVault()->browse(controller.settingsWindow());
+    controller.settingsWindow()->close();
+    EXPECT_FALSE(bench.asksForFolder());
+}
+
 TEST_F(SettingsWindowControllerTest, KeyboardBeginsInTheSidebarAndEscapeClosesNothing)
 {
     show(globalHotkey);
@@ -175,7 +206,7 @@ TEST_F(SettingsWindowControllerTest, KeyboardBeginsInTheSidebarAndEscapeClosesNo
     ASSERT_NE(controller.settingsWindow(), nullptr);
     EXPECT_TRUE(controller.settingsWindow()->isVisible());
     QTest::keyClick(controller.settingsWindow(), Qt::Key_Down);
-    EXPECT_EQ(view().selectedItem(), QStringLiteral("softwareUpdates"));
+    EXPECT_EQ(view().selectedItem(), QStringLiteral("obsidianVault"));
 }
 
 TEST_F(SettingsWindowControllerTest, KeysThatAreHeldLightUp)

@@ -23,6 +23,8 @@ TestCase {
         SimpleSettingsView { anchors.fill: parent }
     }
 
+    readonly property int updatesRow: 2
+    readonly property int otherRow: 3
     property var bench
     property var settings
 
@@ -96,7 +98,7 @@ TestCase {
     }
 
     function test_updates_at_rest() {
-        show(1)
+        show(updatesRow)
         verify(!part("news").visible)
         verify(!part("hint").visible)
         verify(part("checksAutomatically").isChecked)
@@ -111,7 +113,7 @@ TestCase {
     }
 
     function test_found_update_is_told() {
-        show(1)
+        show(updatesRow)
         bench.findUpdate("2.1")
         verify(part("news").visible)
         verify(part("hint").visible)
@@ -127,7 +129,7 @@ TestCase {
     }
 
     function test_downloads_wait_for_checks() {
-        show(1)
+        show(updatesRow)
         mouseClick(part("checksAutomatically"))
         verify(!part("checksAutomatically").isChecked)
         verify(part("downloadsAutomatically").isDisabled)
@@ -141,7 +143,7 @@ TestCase {
     }
 
     function test_launch_at_login() {
-        show(2)
+        show(otherRow)
         const box = part("launchAtLogin")
         compare(box.label, "Launch at Login")
         verify(texts().includes("Start Jotwell automatically when you log in to your Mac."))
@@ -157,7 +159,7 @@ TestCase {
     }
 
     function test_refused_launch_at_login_jumps_back() {
-        show(2)
+        show(otherRow)
         const box = part("launchAtLogin")
         bench.refuseLoginItem()
         mouseClick(box)
