@@ -1,0 +1,90 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Jotwell
+
+// A new template is written here before it is one of the others. The keyboard stays in it.
+Popup {
+    id: sheet
+
+    signal save(name: string, content: string)
+
+    parent: Overlay.overlay
+    anchors.centerIn: parent
+    width: Math.min(500, parent ? parent.width : 500)
+    height: Math.min(600, parent ? parent.height : 600)
+    padding: 16
+    modal: true
+    focus: true
+    closePolicy: Popup.CloseOnEscape
+    onAboutToShow: {
+        nameField.text = ""
+        contentField.text = ""
+    }
+    onOpened: nameField.input.forceActiveFocus(Qt.PopupFocusReason)
+
+    Overlay.modal: Rectangle {
+        color: Theme.sheetShade
+    }
+
+    background: Rectangle {
+        objectName: "sheetBackground"
+        radius: 12
+        color: Theme.windowBackground
+        border.color: Theme.controlStroke
+    }
+
+    contentItem: Item {
+        objectName: "sheetContent"
+        Accessible.role: Accessible.Dialog
+        Accessible.name: heading.text
+
+        SettingsText {
+            id: heading
+
+            text: "Add New Template"
+            font.pixelSize: Theme.title2FontSize
+            font.weight: Font.DemiBold
+            Accessible.role: Accessible.Heading
+        }
+        CustomTextField {
+            id: nameField
+
+            objectName: "newName"
+            y: heading.height + 16
+            width: parent.width
+            title: "Template Name"
+            placeholder: "Enter template name"
+        }
+        CustomTextArea {
+            id: contentField
+
+            readonly property int titleHeight: 24
+
+            objectName: "newContent"
+            y: nameField.y + nameField.height + 16
+            width: parent.width
+            title: "Template Content"
+            placeholder: "Enter template content..."
+            minHeight: Math.max(80, buttons.y - y - titleHeight - 16)
+            maxHeight: minHeight
+        }
+        Row {
+            id: buttons
+
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            spacing: 8
+
+            SecondaryButton {
+                objectName: "cancel"
+                title: "Cancel"
+                onAction: sheet.close()
+            }
+            CustomAccentButton {
+                objectName: "add"
+                title: "Add Template"
+                onAction: sheet.save(nameField.text, contentField.text)
+            }
+        }
+    }
+}
