@@ -19,8 +19,8 @@ ListView {
     // The user has selected that tab.
     signal select(id: string)
 
-    implicitWidth: contentWidth
-    implicitHeight: currentItem ? currentItem.implicitHeight : 0
+    implicitWidth: 360
+    implicitHeight: prototype.implicitHeight
     orientation: ListView.Horizontal
     model: tabs
     interactive: contentWidth > width
@@ -30,7 +30,8 @@ ListView {
     highlightFollowsCurrentItem: false
     onSelectedIndexChanged: showSelected()
     onTabsChanged: showSelected()
-    onWidthChanged: positionViewAtIndex(currentIndex, ListView.Contain)
+    onWidthChanged: showCurrent()
+    Component.onCompleted: Qt.callLater(showSelected)
 
     Accessible.role: Accessible.PageTabList
 
@@ -69,9 +70,25 @@ ListView {
         const hasKeyboard = activeFocus
         forceLayout()
         currentIndex = Math.min(count - 1, Math.max(0, selectedIndex))
-        positionViewAtIndex(currentIndex, ListView.Contain)
+        showCurrent()
         if (hasKeyboard)
             takeFocus()
+    }
+
+    // The tabs on the way there are as wide as was thought only once they have been seen.
+    function showCurrent(): void {
+        positionViewAtIndex(currentIndex, ListView.Contain)
+        if (!currentItem)
+            return
+        const end = currentItem.x + currentItem.width
+        contentX = Math.max(Math.min(contentX, currentItem.x), end - width, originX)
+    }
+
+    TabButton {
+        id: prototype
+
+        visible: false
+        tab: ({ title: "" })
     }
 
     Connections {

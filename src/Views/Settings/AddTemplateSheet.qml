@@ -1,28 +1,30 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Jotwell
 
 // A new template is written here before it is one of the others. The keyboard stays in it.
-Popup {
+T.Popup {
     id: sheet
 
     signal save(name: string, content: string)
 
-    parent: Overlay.overlay
+    parent: T.Overlay.overlay
     anchors.centerIn: parent
     width: Math.min(500, parent ? parent.width : 500)
     height: Math.min(600, parent ? parent.height : 600)
     padding: 16
     modal: true
     focus: true
-    closePolicy: Popup.CloseOnEscape
+    closePolicy: T.Popup.CloseOnEscape
     onAboutToShow: {
         nameField.text = ""
         contentField.text = ""
     }
     onOpened: nameField.input.forceActiveFocus(Qt.PopupFocusReason)
 
-    Overlay.modal: Rectangle {
+    // The overlay's own size for it is that from before the window was resized.
+    T.Overlay.modal: Rectangle {
+        anchors.fill: parent
         color: Theme.sheetShade
     }
 

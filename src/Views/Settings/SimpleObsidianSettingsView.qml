@@ -16,15 +16,16 @@ SettingsCard {
         screen: view.screen
     }
 
-    Row {
+    Item {
         width: parent.width
-        spacing: 8
+        height: Math.max(tabs.height, plus.height)
 
         CustomTabsView {
             id: tabs
 
             objectName: "tabs"
-            width: Math.min(implicitWidth, parent.width - plus.width - parent.spacing)
+            anchors.verticalCenter: parent.verticalCenter
+            width: parent.width - plus.width - plus.gap
             tabs: view.screen.tabs
             selectedTabId: view.screen.selectedTabId
             onSelect: id => {
@@ -35,7 +36,10 @@ SettingsCard {
         SingleButton {
             id: plus
 
+            readonly property int gap: tabs.count > 0 ? 8 : 0
+
             objectName: "plus"
+            x: Math.min(tabs.contentWidth, tabs.width) + gap
             anchors.verticalCenter: parent.verticalCenter
             icon: "plus"
             accessibleName: "Add Template"
