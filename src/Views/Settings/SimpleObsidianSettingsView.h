@@ -98,6 +98,8 @@ public:
 
     void loadObsidianSettings();
     void saveObsidianSettings();
+    /// Comes back once all that was changed is stored.
+    void waitUntilStored() { m_saver.flush(); }
 
 signals:
     void templatesFolderPathChanged();
