@@ -33,10 +33,11 @@ class Templates:
         self.desktop.press(*keys)
 
     def focused(self):
+        """What has the keyboard; whatever that is in has it as well."""
         time.sleep(0.1)
-        return self.reader.ask(lambda: next(
-            ((item.role(), item.name()) for item in self.reader.walk()
-             if State.FOCUSED in item.states() and item.role() != Role.FRAME), None))
+        found = self.reader.ask(lambda: [(item.role(), item.name()) for item in self.reader.walk()
+                                         if State.FOCUSED in item.states()])
+        return found[-1] if found else (None, "")
 
     def to(self, role, name, key="Tab"):
         for _ in range(20):
@@ -47,7 +48,7 @@ class Templates:
 
     def to_tab(self, name):
         """By Tab to the row, and by arrows in it."""
-        while (self.focused() or (None, ""))[0] != Role.PAGE_TAB:
+        while self.focused()[0] != Role.PAGE_TAB:
             self.press("Tab")
         self.press("Home")
         self.to(Role.PAGE_TAB, name, "Right")
@@ -85,11 +86,12 @@ class Templates:
         """What the capture window offers for "$"."""
         self.desktop.call_up()
         wait_until(lambda: self.reader.item("Note editor"), "the field")
-        self.desktop.type_text("/new_note")
+        self.desktop.type_text("Call Ada /new_note")
+        for _ in range(30):
+            if self.reader.ask(lambda: self.reader.item("Note editor").text()).endswith("$"):
+                break
+            self.press("BackSpace")
         time.sleep(0.3)
-        self.press("ctrl+a")
-        self.desktop.type_text("x /new_note $")
-        time.sleep(0.5)
         rows = self.reader.ask(lambda: [item.name() for item in self.reader.walk()
                                         if item.role() == Role.LIST_ITEM and item.is_showing()])
         self.press("Escape", "Escape")

@@ -20,6 +20,11 @@ T.Popup {
         nameField.text = ""
         contentField.text = ""
     }
+    // The item behind it can be named to a screen reader only from outside.
+    Component.onCompleted: {
+        contentItem.parent.Accessible.role = Accessible.Dialog
+        contentItem.parent.Accessible.name = heading.text
+    }
     onOpened: nameField.input.forceActiveFocus(Qt.PopupFocusReason)
 
     // The overlay's own size for it is that from before the window was resized.
@@ -37,8 +42,6 @@ T.Popup {
 
     contentItem: Item {
         objectName: "sheetContent"
-        Accessible.role: Accessible.Dialog
-        Accessible.name: heading.text
 
         SettingsText {
             id: heading

@@ -81,15 +81,15 @@ TestCase {
         compare(ground.height, 600)
         const content = part("sheetContent")
         compare(content.mapToItem(ground, 0, 0), Qt.point(16, 16))
-        compare(content.Accessible.name, "Add New Template")
-        compare(content.Accessible.role, Accessible.Dialog)
+        compare(content.parent.Accessible.name, "Add New Template")
+        compare(content.parent.Accessible.role, Accessible.Dialog)
         compare(field("newName").placeholderText, "Enter template name")
         compare(field("newName").Accessible.name, "Template Name")
         compare(field("newContent").placeholderText, "Enter template content...")
         compare(field("newContent").Accessible.name, "Template Content")
         compare(part("cancel").title, "Cancel")
         compare(part("add").title, "Add Template")
-        verify(part("newContent").y + part("newContent").height < part("add").parent.y)
+        compare(part("newContent").y + part("newContent").height + 16, part("add").parent.y)
     }
 
     function test_whole_way_by_keys() {
