@@ -105,6 +105,7 @@ TEST_F(TemplateTextTest, CompositionIsNotInterrupted)
     EXPECT_EQ(edits.size(), 0);
     text.setText(u"theirs"_qs);
     EXPECT_TRUE(text.isComposing());
+    EXPECT_EQ(shown(), u"abc"_qs);
     compose(QString());
     EXPECT_FALSE(text.isComposing());
     EXPECT_EQ(shown(), u"theirs"_qs);

@@ -213,6 +213,30 @@ TestCase {
         compare(screen.templatesFolderPath, "/chosenx")
     }
 
+    function test_thousands_of_templates() {
+        for (let i = 0; i < 5000; ++i)
+            bench.putTemplateUnseen("many " + i, "x".repeat(500))
+        bench.putTemplate("last", "x")
+        settings = settingsComponent.createObject(testCase, { view: bench.view })
+        mouseMove(testCase, 450, 595)
+        const start = Date.now()
+        bench.view.select(newNoteRow)
+        const opened = Date.now() - start
+        wait(0)
+        compare(part("tabs").count, 5004)
+        field("contentField").forceActiveFocus()
+        let longest = 0
+        for (let i = 0; i < 50; ++i) {
+            const key = Date.now()
+            keyClick("y")
+            longest = Math.max(longest, Date.now() - key)
+        }
+        console.log("opened in", opened, "ms, longest key", longest, "ms")
+        verify(opened < 150, opened)
+        verify(longest < 50, longest)
+        verify(findChild(part("tabs"), "tab4000") === null)
+    }
+
     function test_no_templates() {
         bench.storeNoTemplates()
         open()
