@@ -57,6 +57,19 @@ TEST_F(FollowedTemplates, ReadingOfTheFolderBeforeDoesNotCount)
     EXPECT_EQ(m_changes, 0);
 }
 
+TEST_F(FollowedTemplates, OnlyTheNewFolderIsTold)
+{
+    const ScratchFolder other;
+    other.put(u"c.md"_qs, "c");
+    m_folder.put(u"late.md"_qs, "");
+    touchUntold();
+    m_settings.setTemplatesFolderPath(other.path());
+    m_service->followFolder();
+    settle();
+    EXPECT_THAT(names(), ElementsAre(u"c"_qs));
+    EXPECT_EQ(m_changes, 1);
+}
+
 TEST_F(FollowedTemplates, WhatOthersHaveStoredIsKnownWithoutAReading)
 {
     m_service->setContent(named(u"a"_qs).id, u"other"_qs);

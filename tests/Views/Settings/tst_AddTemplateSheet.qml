@@ -142,11 +142,14 @@ TestCase {
 
     function test_begins_empty_again() {
         type("New")
+        keyClick(Qt.Key_Tab)
+        type("text")
         keyClick(Qt.Key_Escape)
         verifyClosed()
         mouseClick(findChild(settings, "plus"))
         tryVerify(() => field("newName").activeFocus)
         compare(field("newName").text, "")
+        compare(field("newContent").text, "")
     }
 
     function test_no_name() {

@@ -128,6 +128,20 @@ TestCase {
         verify(screen.editingTemplateContent.startsWith("# Meeting"))
     }
 
+    function test_no_undo_into_a_template_of_the_same_name() {
+        open()
+        screen.addTemplate("Daily Notex", "")
+        mouseClick(tab(2))
+        mouseClick(field("nameField"))
+        keyClick(Qt.Key_End)
+        type("x")
+        mouseClick(tab(3))
+        compare(screen.editingTemplateName, "Daily Notex")
+        field("nameField").forceActiveFocus()
+        keyClick(Qt.Key_Z, Qt.ControlModifier)
+        compare(screen.editingTemplateName, "Daily Notex")
+    }
+
     function test_deletion_by_key() {
         open()
         const trash = findChild(part("nameField"), "button")
@@ -225,15 +239,16 @@ TestCase {
         wait(0)
         compare(part("tabs").count, 5004)
         field("contentField").forceActiveFocus()
-        let longest = 0
-        for (let i = 0; i < 50; ++i) {
+        const keys = []
+        for (let i = 0; i < 51; ++i) {
             const key = Date.now()
             keyClick("y")
-            longest = Math.max(longest, Date.now() - key)
+            keys.push(Date.now() - key)
         }
-        console.log("opened in", opened, "ms, longest key", longest, "ms")
+        keys.sort((left, right) => left - right)
+        console.log("opened in", opened, "ms, a key in", keys[25], "ms, at most", keys[50], "ms")
         verify(opened < 150, opened)
-        verify(longest < 50, longest)
+        verify(keys[25] < 8, keys)
         verify(findChild(part("tabs"), "tab4000") === null)
     }
 
