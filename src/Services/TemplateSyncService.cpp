@@ -91,10 +91,7 @@ void TemplateSyncService::startMonitoring()
     const QString folder = m_settings.templatesFolderPath();
     if (folder.isEmpty())
         return;
-    stopMonitoring();
-    m_folderMonitor =
-        std::make_unique<FileSystemMonitor>(m_platform.folders, folder, [this] { reload(); });
-    m_folderMonitor->start();
+    watchFolder(folder);
     loadSyncedTemplates(); // behind the start, so that nothing that comes in between is missed
 }
 
@@ -104,9 +101,30 @@ void TemplateSyncService::stopMonitoring()
         m_folderMonitor->stop();
 }
 
-// A change in the folder. The files are read in the background, one reading at a time however many
-// changes come in, and a reading that a newer load has overtaken doesn't count.
-void TemplateSyncService::reload()
+void TemplateSyncService::followFolder()
+{
+    const QString folder = m_settings.templatesFolderPath();
+    ++m_loads; // what is being read is of another folder
+    if (folder.isEmpty()) {
+        stopMonitoring();
+        loadSyncedTemplates();
+    } else {
+        watchFolder(folder);
+        loadInBackground();
+    }
+}
+
+void TemplateSyncService::watchFolder(const QString& folder)
+{
+    stopMonitoring();
+    m_folderMonitor = std::make_unique<FileSystemMonitor>(m_platform.folders, folder,
+                                                          [this] { loadInBackground(); });
+    m_folderMonitor->start();
+}
+
+// One reading at a time however many changes come in, and a reading that a newer load has overtaken
+// doesn't count.
+void TemplateSyncService::loadInBackground()
 {
     if (m_isReloading) {
         m_reloadsAgain = true;
@@ -123,7 +141,7 @@ void TemplateSyncService::reload()
                            setSyncedTemplates(templates);
                        m_isReloading = false;
                        if (std::exchange(m_reloadsAgain, false))
-                           reload();
+                           loadInBackground();
                    });
 }
 
@@ -134,17 +152,34 @@ Result<void, TemplateSaveError> TemplateSyncService::saveTemplate(const Obsidian
         return TemplateSaveError(TemplateSyncError());
     if (const auto written = m_files.write(*path, value.content.toUtf8()); !written)
         return TemplateSaveError(written.error());
-    ++m_loads; // a reading that is under way may have seen the file as it was
+    change(value.id, [&value](ObsidianTemplate& each) { each = value; });
+    return {};
+}
+
+void TemplateSyncService::setContent(const QUuid& templateId, const QString& content)
+{
+    change(templateId, [&content](ObsidianTemplate& each) { each.content = content; });
+}
+
+void TemplateSyncService::setShowInDropdown(const QUuid& templateId, bool showInDropdown)
+{
+    change(templateId,
+           [showInDropdown](ObsidianTemplate& each) { each.showInDropdown = showInDropdown; });
+}
+
+void TemplateSyncService::change(const QUuid& templateId,
+                                 const std::function<void(ObsidianTemplate&)>& change)
+{
+    ++m_loads; // a reading that is under way may have seen it as it was
     m_reloadsAgain = m_isReloading;
     ObsidianTemplates templates = syncedTemplates();
-    const auto saved =
+    const auto found =
         std::find_if(templates.begin(), templates.end(),
-                     [&value](const ObsidianTemplate& each) { return each.id == value.id; });
-    if (saved != templates.end()) {
-        *saved = value;
-        setSyncedTemplates(templates);
-    }
-    return {};
+                     [&templateId](const ObsidianTemplate& each) { return each.id == templateId; });
+    if (found == templates.end())
+        return;
+    change(*found);
+    setSyncedTemplates(templates);
 }
 
 void TemplateSyncService::setSyncedTemplates(ObsidianTemplates templates)

@@ -8,6 +8,7 @@
 #include <QMutex>
 #include <QObject>
 
+#include <functional>
 #include <memory>
 #include <variant>
 
@@ -45,13 +46,24 @@ public:
     /// Reads the folder anew; no folder, or one that can't be listed, gives an empty list.
     void loadSyncedTemplates();
 
+    /// The same in the background: the list is there on a later turn of the event loop.
+    void loadInBackground();
+
     /// Loads the folder and watches it in place of the one before; without a folder in the settings
     /// it leaves all as it is.
     void startMonitoring();
     void stopMonitoring();
+    /// Another folder is set: watches it and loads it in the background. Without one the list is
+    /// empty and nothing is watched.
+    void followFolder();
 
     /// Writes the content of a synced template to its file, whole or not at all.
     [[nodiscard]] Result<void, TemplateSaveError> saveTemplate(const ObsidianTemplate& value);
+    // What others of this process have stored of a template of the list, without another reading.
+    void setContent(const QUuid& templateId, const QString& content);
+    void setShowInDropdown(const QUuid& templateId, bool showInDropdown);
+    /// For whoever writes such a file.
+    [[nodiscard]] const AtomicFile& files() const { return m_files; }
 
     /// The watch, if there has been a folder to watch.
     [[nodiscard]] const FileSystemMonitor* folderMonitor() const { return m_folderMonitor.get(); }
@@ -60,7 +72,8 @@ signals:
     void syncedTemplatesChanged();
 
 private:
-    void reload();
+    void watchFolder(const QString& folder);
+    void change(const QUuid& templateId, const std::function<void(ObsidianTemplate&)>& change);
     void setSyncedTemplates(ObsidianTemplates templates);
 
     const Platform& m_platform;

@@ -80,6 +80,7 @@ QtObject {
     readonly property color whiteTint: Qt.alpha(white, 0.2)
     readonly property color fadedWhite: highContrast ? white : Qt.alpha(white, 0.8)
 
+    readonly property color sheetShade: Qt.rgba(0, 0, 0, dark ? 0.5 : 0.3)
     readonly property color keyShade: Qt.rgba(0, 0, 0, 0.06)
     readonly property real shadowOpacity: dark ? 0.55 : 0.35
     readonly property real dropdownShadowOpacity: 0.15

@@ -4,60 +4,78 @@ namespace jotwell {
 
 std::optional<QString> FakeDefaultsStore::string(const QString& key) const
 {
-    const QVariant value = m_values.value(key);
-    if (!value.isValid() || value.typeId() == QMetaType::QByteArray)
+    const QVariant stored = value(key);
+    if (!stored.isValid() || stored.typeId() == QMetaType::QByteArray)
         return std::nullopt;
-    return value.toString();
+    return stored.toString();
 }
 
 std::optional<QByteArray> FakeDefaultsStore::data(const QString& key) const
 {
-    const QVariant value = m_values.value(key);
-    return value.typeId() == QMetaType::QByteArray ? std::optional(value.toByteArray())
-                                                   : std::nullopt;
+    const QVariant stored = value(key);
+    return stored.typeId() == QMetaType::QByteArray ? std::optional(stored.toByteArray())
+                                                    : std::nullopt;
 }
 
 qint64 FakeDefaultsStore::integer(const QString& key) const
 {
-    return string(key) ? m_values.value(key).toLongLong() : 0;
+    return string(key) ? value(key).toLongLong() : 0;
 }
 
 bool FakeDefaultsStore::boolean(const QString& key) const
 {
-    return string(key) && m_values.value(key).toBool();
+    return string(key) && value(key).toBool();
 }
 
 void FakeDefaultsStore::setString(const QString& key, const std::optional<QString>& value)
 {
-    if (value)
-        m_values.insert(key, *value);
-    else
-        m_values.remove(key);
+    setValue(key, value ? QVariant(*value) : QVariant());
 }
 
 void FakeDefaultsStore::setData(const QString& key, const QByteArray& value)
 {
-    m_values.insert(key, value);
+    setValue(key, value);
 }
 
 void FakeDefaultsStore::setInteger(const QString& key, qint64 value)
 {
-    m_values.insert(key, value);
+    setValue(key, value);
 }
 
 void FakeDefaultsStore::setBoolean(const QString& key, bool value)
 {
-    m_values.insert(key, value);
+    setValue(key, value);
 }
 
 void FakeDefaultsStore::remove(const QString& key)
 {
-    m_values.remove(key);
+    setValue(key, {});
+}
+
+QStringList FakeDefaultsStore::keys() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_values.keys();
+}
+
+QVariant FakeDefaultsStore::value(const QString& key) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_values.value(key);
+}
+
+void FakeDefaultsStore::setValue(const QString& key, const QVariant& value)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (value.isValid())
+        m_values.insert(key, value);
+    else
+        m_values.remove(key);
 }
 
 std::optional<DefaultsStore::ValueType> FakeDefaultsStore::storedType(const QString& key) const
 {
-    switch (m_values.value(key).typeId()) {
+    switch (value(key).typeId()) {
     case QMetaType::QString:
         return ValueType::string;
     case QMetaType::QByteArray:

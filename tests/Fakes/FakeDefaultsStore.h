@@ -3,11 +3,12 @@
 #include "Platform/DefaultsStore.h"
 
 #include <QMap>
+#include <QMutex>
 #include <QVariant>
 
 namespace jotwell {
 
-/// Settings in memory, with the types they were stored with.
+/// Settings in memory, with the types they were stored with. Any thread.
 class FakeDefaultsStore : public DefaultsStore {
 public:
     [[nodiscard]] std::optional<QString> string(const QString& key) const override;
@@ -21,10 +22,14 @@ public:
     void setBoolean(const QString& key, bool value) override;
     void remove(const QString& key) override;
 
-    [[nodiscard]] QStringList keys() const override { return m_values.keys(); }
+    [[nodiscard]] QStringList keys() const override;
     [[nodiscard]] std::optional<ValueType> storedType(const QString& key) const override;
 
 private:
+    [[nodiscard]] QVariant value(const QString& key) const;
+    void setValue(const QString& key, const QVariant& value);
+
+    mutable QMutex m_mutex;
     QMap<QString, QVariant> m_values;
 };
 

@@ -27,6 +27,7 @@ GallerySection {
         spacing: 12
 
         CustomTabsView {
+            width: 290
             tabs: [{ id: "1", title: "Daily" },
                    { id: "2", title: "Meeting", icon: "doc.text" },
                    { id: "3", title: "Synced", secondaryIcon: "arrow.triangle.2.circlepath" }]

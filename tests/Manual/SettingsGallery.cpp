@@ -14,6 +14,7 @@
 #include <QCoroTask>
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QSemaphore>
 #include <QTemporaryDir>
 #include <QtQml/qqmlextensionplugin.h>
@@ -42,6 +43,7 @@ struct Settings {
     TagIndexService index{fake.platform};
     TemplateSyncService templates{fake.platform, settings};
     FakeFolderPanel folders;
+    QTemporaryDir folder; ///< of templates
     GlobalHotkeyManager hotkeys{fake.hotkeys, settings, fake.clock, fake.scheduler, toasts};
     LaunchAtLoginManager launchAtLogin{fake.loginItem, fake.defaults, fake.scheduler};
     SparkleUpdateManager updates{fake.updater, fake.workspace, fake.scheduler, toasts};
@@ -52,8 +54,30 @@ struct Settings {
                 updates,  folders, fake.clock, fake.scheduler};
     }
 
+    // Before the window opens.
+    void prepare(const QString& state)
+    {
+        if (state == QLatin1String("none"))
+            settings.setObsidianTemplates({});
+        if (state == QLatin1String("many") || state == QLatin1String("synced"))
+            putTemplates(state == QLatin1String("many") ? 5000 : 3);
+    }
+
+    void putTemplates(int count)
+    {
+        for (int number = 1; number <= count; ++number) {
+            QFile file(folder.filePath(QStringLiteral("Garden %1.md").arg(number)));
+            if (file.open(QIODevice::WriteOnly))
+                file.write("# {{title}}\n\nWater the tomatoes.\n\n{{content}}\n");
+        }
+        settings.setTemplatesFolderPath(folder.path());
+        templates.loadSyncedTemplates();
+        settings.setLastUsedTemplateId(templates.syncedTemplates().last().id);
+    }
+
     void bring(SimpleSettingsView& view, const QString& state)
     {
+        view.newNote()->setShowAddTemplate(state == QLatin1String("sheet"));
         ShortcutRecorderView& recorder = *view.globalHotkey()->recorder();
         if (state.startsWith(QLatin1String("record")))
             recorder.startRecording();
@@ -102,11 +126,13 @@ int main(int argc, char** argv)
 {
     Gallery gallery(argc, argv,
                     {option("tab", "entry"),
-                     option("state", "denied|recording|recorded|update|indexing|ready|error"),
+                     option("state", "denied|recording|recorded|update|indexing|ready|error|"
+                                     "none|synced|sheet|many"),
                      option("size", "wxh")});
     Settings settings;
     const QString state = gallery.value("state");
     settings.fake.hotkeys.trusted = state != QLatin1String("denied");
+    settings.prepare(state);
     SettingsWindowController controller(settings.services(), settings.windowSystem);
     controller.showSettingsWithTab(gallery.value("tab"));
     settings.bring(*controller.view(), state);

@@ -16,6 +16,7 @@ TestCase {
         CustomTabsView {
             x: 20
             y: 20
+            width: 460
             selectedTabId: "two"
             tabs: [{ id: "one", title: "Daily" },
                    { id: "two", title: "Meeting", icon: "doc.text" },
@@ -126,20 +127,68 @@ TestCase {
         verify(other.activeFocus)
     }
 
-    function test_long_row_follows_the_selection() {
+    function manyTabs(count) {
         const many = []
-        for (let i = 0; i < 200; ++i)
+        for (let i = 0; i < count; ++i)
             many.push({ id: "id" + i, title: "Template " + i })
+        return many
+    }
+
+    function test_long_row_follows_the_selection() {
         tabs.width = 300
-        tabs.tabs = many
+        tabs.tabs = manyTabs(200)
         tabs.selectedTabId = "id0"
-        tryVerify(() => tab(199).x > 300)
         tab(0).forceActiveFocus(Qt.TabFocusReason)
         keyClick(Qt.Key_End)
         compare(tabs.selectedTabId, "id199")
-        compare(tabs.contentX, tabs.contentWidth - 300)
+        verify(tab(199).activeFocus)
+        verifySeen(tab(199))
+        compare(tab(0), null)
         keyClick(Qt.Key_Home)
-        compare(tabs.contentX, 0)
+        compare(tabs.selectedTabId, "id0")
+        verify(tab(0).activeFocus)
+        verifySeen(tab(0))
+        tabs.selectedTabId = "id100"
+        verify(tab(100).activeFocus)
+        verifySeen(tab(100))
+    }
+
+    function verifySeen(button) {
+        const x = button.mapToItem(tabs, 0, 0).x
+        verify(x >= 0 && x + button.width <= tabs.width, x + " and " + button.width + " in " + tabs.width)
+    }
+
+    function test_only_what_is_seen_is_made() {
+        tabs.width = 300
+        tabs.tabs = manyTabs(5000)
+        tabs.selectedTabId = "id4000"
+        wait(0)
+        let made = 0
+        for (const item of Array.from(tabs.contentItem.children))
+            made += item.objectName.startsWith("tab") ? 1 : 0
+        verify(made > 2 && made < 30, made)
+    }
+
+    function test_keyboard_stays_in_a_tab_that_is_out_of_sight() {
+        tabs.width = 300
+        tabs.tabs = manyTabs(200)
+        tabs.selectedTabId = "id0"
+        tab(0).forceActiveFocus(Qt.TabFocusReason)
+        tabs.contentX = 5000
+        wait(0)
+        verify(tab(0).activeFocus)
+        keyClick(Qt.Key_Right)
+        compare(tabs.selectedTabId, "id1")
+        verifySeen(tab(1))
+    }
+
+    function test_long_title_is_cut() {
+        tabs.width = 500
+        tabs.tabs = [{ id: "one", title: "x".repeat(500) }, { id: "two", title: "" }]
+        tryVerify(() => tab(1) !== null)
+        compare(tab(0).width, 240 + 32)
+        compare(tab(0).Accessible.name, "x".repeat(500))
+        compare(findChild(tab(1), "text").text, "Untitled")
     }
 
     function test_accessible() {

@@ -3,67 +3,116 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Jotwell
 
-// A row of tabs, one of which may be selected. It can be moved sideways where it is too long.
-Flickable {
+// A row of tabs, one of which may be selected. It can be moved sideways where it is too long, and
+// no more tabs are made than are seen.
+ListView {
     id: view
 
-    // TabItems in their order, and the id of one of them, or an empty text.
+    // TabItems in their order, in an array or a model of theirs, and the id of one of them, or an
+    // empty text.
     property var tabs: []
     property string selectedTabId
 
-    readonly property int selectedIndex: Array.from(tabs).findIndex(tab => tab.id === selectedTabId)
+    readonly property int selectedIndex: rowOf(selectedTabId, revision)
+    property int revision: 0
 
-    implicitWidth: row.width
-    implicitHeight: row.height
-    contentWidth: row.width
-    contentHeight: row.height
+    // The user has selected that tab.
+    signal select(id: string)
+
+    implicitWidth: 360
+    implicitHeight: prototype.implicitHeight
+    orientation: ListView.Horizontal
+    model: tabs
     interactive: contentWidth > width
     clip: interactive
     boundsBehavior: Flickable.StopAtBounds
+    keyNavigationEnabled: false
+    highlightFollowsCurrentItem: false
+    onSelectedIndexChanged: showSelected()
+    onTabsChanged: showSelected()
+    onWidthChanged: showCurrent()
+    Component.onCompleted: Qt.callLater(showSelected)
 
     Accessible.role: Accessible.PageTabList
 
     Keys.onLeftPressed: selectAt(Math.max(0, selectedIndex - 1))
-    Keys.onRightPressed: selectAt(Math.min(tabs.length - 1, selectedIndex + 1))
+    Keys.onRightPressed: selectAt(Math.min(count - 1, selectedIndex + 1))
     Keys.onPressed: event => {
         if (event.key !== Qt.Key_Home && event.key !== Qt.Key_End)
             return
         event.accepted = true
-        selectAt(event.key === Qt.Key_Home ? 0 : tabs.length - 1)
+        selectAt(event.key === Qt.Key_Home ? 0 : count - 1)
     }
 
-    function selectAt(index: int): void {
-        const button = buttons.itemAt(index)
-        if (!button)
+    function rowOf(id: string, _revision: int): int {
+        return Array.isArray(tabs) ? tabs.findIndex(tab => tab.id === id) : tabs.rowOfId(id)
+    }
+
+    function selectAt(row: int): void {
+        if (row < 0 || row >= count)
             return
-        button.forceActiveFocus(Qt.TabFocusReason)
-        selectedTabId = tabs[index].id
-        show(button)
+        choose(Array.isArray(tabs) ? tabs[row].id : tabs.idOfRow(row))
+        takeFocus()
     }
 
-    function show(button: Item): void {
-        contentX = Math.max(Math.min(contentX, button.x), button.x + button.width - width, 0)
+    function choose(id: string): void {
+        selectedTabId = id
+        select(id)
     }
 
-    Row {
-        id: row
+    function takeFocus(): void {
+        if (currentItem)
+            currentItem.forceActiveFocus(Qt.TabFocusReason)
+    }
 
-        Repeater {
-            id: buttons
+    // The current tab exists also while it isn't seen, so that the keyboard isn't lost with it.
+    function showSelected(): void {
+        const hasKeyboard = activeFocus
+        forceLayout()
+        currentIndex = Math.min(count - 1, Math.max(0, selectedIndex))
+        showCurrent()
+        if (hasKeyboard)
+            takeFocus()
+    }
 
-            model: view.tabs
+    // The tabs on the way there are as wide as was thought only once they have been seen.
+    function showCurrent(): void {
+        positionViewAtIndex(currentIndex, ListView.Contain)
+        if (!currentItem)
+            return
+        const end = currentItem.x + currentItem.width
+        contentX = Math.max(Math.min(contentX, currentItem.x), end - width, originX)
+    }
 
-            TabButton {
-                required property int index
-                required property var modelData
+    TabButton {
+        id: prototype
 
-                objectName: "tab" + index
-                tab: modelData
-                isSelected: index === view.selectedIndex
-                // The keyboard stops once at the row and goes on inside by arrows.
-                activeFocusOnTab: activeFocus || index === Math.max(0, view.selectedIndex)
-                onAction: view.selectedTabId = modelData.id
-            }
+        visible: false
+        tab: ({ title: "" })
+    }
+
+    Connections {
+        target: Array.isArray(view.tabs) ? null : view.tabs
+
+        function onRowsInserted() {
+            ++view.revision
+            view.showSelected()
         }
+        function onRowsRemoved() {
+            ++view.revision
+            view.showSelected()
+        }
+    }
+
+    delegate: TabButton {
+        required property int index
+        required property var modelData
+
+        objectName: "tab" + index
+        tab: modelData
+        isSelected: index === view.selectedIndex
+        // The keyboard stops once at the row and goes on inside by arrows.
+        activeFocusOnTab: activeFocus || index === Math.max(0, view.selectedIndex)
+        onAction: view.choose(modelData.id)
     }
 }

@@ -9,12 +9,14 @@ PressableControl {
     required property var tab
     property bool isSelected: false
 
+    readonly property int widestTitle: 240
+    readonly property string title: tab.title || "Untitled"
     readonly property color backgroundColor: isSelected ? Theme.accent
                                                         : isHovered ? Theme.hoveredRow : "transparent"
     readonly property color foregroundColor: isSelected ? Theme.white
                                                         : isHovered ? Theme.text : Theme.secondaryText
 
-    accessibleName: tab.title
+    accessibleName: title
     horizontalPadding: 16
     verticalPadding: 8
     cornerRadius: 6
@@ -36,9 +38,10 @@ PressableControl {
         IconAndText {
             objectName: "title"
             anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, button.widestTitle)
             icon: button.tab.icon ?? ""
             iconSize: Theme.fieldTitleFontSize
-            text: button.tab.title
+            text: button.title
             color: button.foregroundColor
             fontSize: Theme.tabFontSize
         }

@@ -48,6 +48,7 @@ public:
     TagIndexService index{fake.platform};
     TemplateSyncService templates{fake.platform, settings};
     FakeFolderPanel folders;
+    QTemporaryDir templatesFolder;
     GlobalHotkeyManager hotkeys{fake.hotkeys, settings, fake.clock, fake.scheduler, toasts};
     LaunchAtLoginManager launchAtLogin{fake.loginItem, fake.defaults, fake.scheduler};
     SparkleUpdateManager updates{fake.updater, fake.workspace, fake.scheduler, toasts};
@@ -120,6 +121,16 @@ public:
         fake.updater.delegate->didChangeCanCheckForUpdates();
         advance(0);
     }
+    /// A file of the templates folder, which is set and read with it.
+    Q_INVOKABLE void putTemplate(const QString& name, const QString& text);
+    Q_INVOKABLE void putTemplateUnseen(const QString& name, const QString& text);
+    Q_INVOKABLE [[nodiscard]] QString templateText(const QString& name) const;
+    Q_INVOKABLE [[nodiscard]] QStringList storedTemplates() const;
+    Q_INVOKABLE void storeNoTemplates() { settings.setObsidianTemplates({}); }
+    /// In the panel that is open.
+    Q_INVOKABLE void chooseFolder(const QString& path) { folders.answer(path); }
+    Q_INVOKABLE [[nodiscard]] bool asksForFolder() const { return folders.question.has_value(); }
+
     /// A key of that place on the keyboard goes to the window of `item`.
     Q_INVOKABLE static void key(QQuickItem* item, bool isDown, int key, int modifiers, int keyCode);
 
