@@ -9,6 +9,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
+set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
@@ -24,6 +25,7 @@ that changed last, and opens them in Obsidian.")
 # The linker's needs are found out; these are loaded by name when the program runs.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(loaded_by_name
+    fonts-noto-color-emoji
     qml6-module-qtqml
     qml6-module-qtqml-workerscript
     qml6-module-qtquick
@@ -34,8 +36,7 @@ set(loaded_by_name
     qt6-wayland
 )
 list(JOIN loaded_by_name ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
-# In turn: pages and notes are opened, the desktop is asked, the entry's actions are passed on.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "xdg-utils, xdg-desktop-portal, libglib2.0-bin, fonts-noto-color-emoji")
+# In turn: notes and pages are opened, the desktop is asked, the entry's actions are passed on.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, xdg-desktop-portal, libglib2.0-bin")
 
 include(CPack)

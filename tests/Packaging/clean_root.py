@@ -17,7 +17,7 @@ sys.path.append(str(Path(__file__).resolve().parents[1] / "EndToEnd"))
 
 import mounts  # noqa: E402
 from bare_starts import ENVIRONMENT, complaints_of  # noqa: E402
-from desktop import Desktop  # noqa: E402
+from desktop import Desktop, is_green  # noqa: E402
 from installation import MODES, read  # noqa: E402
 from processes import wait_until  # noqa: E402
 
@@ -28,6 +28,16 @@ CACHED = ARTIFACTS / f"{SUITE}.tar"
 CHROOT = "/usr/sbin/chroot"
 # What every installation or removal writes.
 BOOKKEEPING = re.compile(r"(var/(log|cache|lib/(apt|dpkg))|etc/ld\.so\.cache|tmp|proc|dev|run)(/|$)")
+
+
+def is_yellow(colour):
+    red, green, blue = colour
+    return red > 180 and green > 120 and blue < 110
+
+
+def is_violet(colour):
+    red, green, blue = colour
+    return blue > 200 and red > green + 20 and blue > green + 80
 
 
 def make_cached_root():
@@ -117,6 +127,10 @@ class CleanRoot(unittest.TestCase):
         self.assertEqual(program.exit_status(), 0)
         self.assertEqual(complaints_of(program), [])
 
+    def shows(self, desktop, is_wanted):
+        """Whether the screen has that colour anywhere."""
+        return desktop.places_of(is_wanted, (0, 0, 1280, 800))
+
     def wait_for_named(self, desktop, title):
         wait_until(lambda: desktop.ask("xdotool", "search", "--onlyvisible", "--name",
                                        f"^{title}$"), title)
@@ -126,6 +140,7 @@ class CleanRoot(unittest.TestCase):
             program = self.start(desktop)
             desktop.call_up()
             desktop.type_text("All of it is here /new_note ")
+            wait_until(lambda: self.shows(desktop, is_yellow), "the pencil of an emoji in colour")
             desktop.screenshot(ARTIFACTS / "clean-root-window.png")
             desktop.press("ctrl+Return")
             [note] = wait_until(desktop.notes, "a note")
@@ -136,9 +151,11 @@ class CleanRoot(unittest.TestCase):
         with self.desktop() as desktop:
             program = self.start(desktop)
             self.wait_for_named(desktop, "Welcome to Jotwell")
+            wait_until(lambda: self.shows(desktop, is_violet), "the button of the welcome")
             desktop.screenshot(ARTIFACTS / "clean-root-welcome.png")
             desktop.ask("gapplication", "action", NAME, "settings")
             self.wait_for_named(desktop, "Settings")
+            wait_until(lambda: self.shows(desktop, is_green), "the lamp of the settings")
             desktop.screenshot(ARTIFACTS / "clean-root-settings.png")
             self.stop(program)
 
