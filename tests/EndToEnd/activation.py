@@ -8,6 +8,7 @@ import time
 import unittest
 from pathlib import Path
 
+import onboarding
 from desktop import Desktop
 from processes import wait_until
 
@@ -18,6 +19,11 @@ ANSWER = "()"
 # What menus and docks do with an entry.
 MENU = f"""from gi.repository import Gio, GLib
 Gio.DesktopAppInfo.new("{NAME}.desktop").launch([], None)
+GLib.MainLoop().run()"""
+# What a session does with an entry of the autostart folder.
+LOGIN = """import sys
+from gi.repository import Gio, GLib
+Gio.DesktopAppInfo.new_from_filename(sys.argv[1]).launch([], None)
 GLib.MainLoop().run()"""
 SETTLED = 0.7  # seconds, for a second toggle to have come, were there one
 
@@ -128,6 +134,29 @@ class Activation(unittest.TestCase):
         desktop.wait_for_no_window()
         self.assertEqual(self.act(desktop, "quit"), ANSWER)
         self.assertEqual(first.exit_status(), 0)
+
+    def test_start_at_login_starts_what_is_installed(self):
+        os.environ["JOTWELL_PROGRAM"] = str(self.prefix / "bin/jotwell")
+        with onboarding.welcome() as it:
+            desktop = it.desktop
+            entry = Path(desktop.environment["XDG_CONFIG_HOME"], f"autostart/{NAME}.desktop")
+            it.go_on(2)
+            it.choose("vault", desktop.vault)
+            it.to_the_way_on()
+            it.go_on(3)
+            it.go_on(4)
+            it.to_the_way_on("Launch at Login")
+            it.press("space")
+            wait_until(entry.exists, "the entry")
+            it.stop()
+            desktop.write_settings(OnboardingCompleted="true")
+            login = desktop.spawn("login", ["/usr/bin/python3", "-c", LOGIN, str(entry)])
+            wait_until(lambda: desktop.owns_name(NAME), "the program")
+            self.assertEqual(self.activate(desktop), ANSWER)
+            desktop.wait_for_window()
+            running = [os.readlink(f"/proc/{stray}/exe") for stray in desktop.strays()]
+            self.assertIn(os.environ["JOTWELL_PROGRAM"], running)
+            login.stop()
 
     def test_windows_have_the_icon_and_class_that_desktops_look_for(self):
         desktop = self.desktop(OnboardingCompleted="true")
