@@ -40,6 +40,12 @@ def is_violet(colour):
     return blue > 200 and red > green + 20 and blue > green + 80
 
 
+def is_root():
+    """And not just one that a namespace makes of another user, who can give files to nobody."""
+    known_users = Path("/proc/self/uid_map").read_text().split()[2]
+    return os.geteuid() == 0 and known_users != "1"
+
+
 def make_cached_root():
     """Fetches Debian's smallest system, once."""
     with tempfile.TemporaryDirectory(dir=ARTIFACTS) as folder:
@@ -56,13 +62,15 @@ class Root:
     """`with Root() as root:` gives a fresh one, gone with the end of the block."""
 
     def __enter__(self):
-        self._stack = contextlib.ExitStack()
-        self.folder = Path(self._stack.enter_context(
-            tempfile.TemporaryDirectory(prefix="jotwell-root-", ignore_cleanup_errors=True)))
-        self.folder.chmod(0o755)
-        read("tar", "--extract", "--directory", self.folder, "--file", CACHED)
-        self.mount("/proc", self.folder / "proc")
-        self.apt("update")
+        with contextlib.ExitStack() as stack:
+            self._stack = stack
+            self.folder = Path(stack.enter_context(
+                tempfile.TemporaryDirectory(prefix="jotwell-root-", ignore_cleanup_errors=True)))
+            self.folder.chmod(0o755)
+            read("tar", "--extract", "--directory", self.folder, "--file", CACHED)
+            self.mount("/proc", self.folder / "proc")
+            self.apt("update")
+            self._stack = stack.pop_all()
         return self
 
     def __exit__(self, *_):
@@ -71,8 +79,7 @@ class Root:
     def mount(self, source, target):
         """Shows a folder of this machine in the root."""
         target.mkdir(parents=True, exist_ok=True)
-        subprocess.run(["mount", "--rbind", source, target], check=True)
-        self._stack.callback(subprocess.run, ["umount", "--lazy", target], check=True)
+        self._stack.enter_context(mounts.shown(source, target))
 
     def run(self, *command):
         return read(CHROOT, self.folder, *command, env={
@@ -100,7 +107,7 @@ class Root:
 class CleanRoot(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        if os.geteuid() != 0:
+        if not is_root():
             raise unittest.SkipTest("only root can make a root")
         if not shutil.which("debootstrap"):
             raise unittest.SkipTest("there is no debootstrap")
