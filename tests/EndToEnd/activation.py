@@ -36,6 +36,7 @@ class Activation(unittest.TestCase):
         cls.prefix = Path(folder.name)
         subprocess.run(["cmake", "--install", os.environ["JOTWELL_BUILD"], "--prefix", cls.prefix],
                        check=True, capture_output=True)
+        os.environ["JOTWELL_PROGRAM"] = str(cls.prefix / "bin/jotwell")
         cls.entry = cls.prefix / f"share/applications/{NAME}.desktop"
         cls.service = cls.prefix / f"share/dbus-1/services/{NAME}.service"
 
@@ -124,19 +125,17 @@ class Activation(unittest.TestCase):
 
     def test_started_by_hand_it_is_the_one_that_the_desktop_activates(self):
         desktop = self.desktop(OnboardingCompleted="true")
-        first = desktop.spawn("jotwell", [self.prefix / "bin/jotwell"])
+        first = desktop.start_program()
         wait_until(lambda: desktop.owns_name(NAME), "the program")
         self.assertEqual(self.activate(desktop), ANSWER)
         desktop.wait_for_window()
         self.assertEqual(desktop.strays(), [])
-        second = desktop.spawn("second", [self.prefix / "bin/jotwell"])
-        self.assertEqual(second.exit_status(), 0)
+        self.assertEqual(desktop.start_program().exit_status(), 0)
         desktop.wait_for_no_window()
         self.assertEqual(self.act(desktop, "quit"), ANSWER)
         self.assertEqual(first.exit_status(), 0)
 
     def test_start_at_login_starts_what_is_installed(self):
-        os.environ["JOTWELL_PROGRAM"] = str(self.prefix / "bin/jotwell")
         with onboarding.welcome() as it:
             desktop = it.desktop
             entry = Path(desktop.environment["XDG_CONFIG_HOME"], f"autostart/{NAME}.desktop")
