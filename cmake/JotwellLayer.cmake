@@ -24,6 +24,15 @@ if(JOTWELL_SANITIZERS)
         target_compile_options(JotwellFlags INTERFACE -Wno-tsan)
     endif()
 endif()
+if(JOTWELL_HARDENING)
+    target_compile_options(JotwellFlags INTERFACE
+        -fstack-protector-strong -fstack-clash-protection -fcf-protection -Wformat -Werror=format-security)
+    target_compile_definitions(JotwellFlags INTERFACE _FORTIFY_SOURCE=2)
+    target_link_options(JotwellFlags INTERFACE LINKER:-z,relro,-z,now)
+    include(CheckPIESupported)
+    check_pie_supported(LANGUAGES CXX)
+    set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+endif()
 
 # jotwell_layer(NAME SOURCES ... BELOW ...): a static library whose headers are included as
 # "Layer/Name.h". It sees only the layers and libraries named after BELOW.

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing of the Debian packages that the named groups need:
-#   packaging/debian-packages.sh build run test tidy fuzz
+#   packaging/debian-packages.sh build run test tidy fuzz package
 set -euo pipefail
 
 declare -A packages
@@ -17,12 +17,14 @@ packages[run]="
     qml6-module-qtquick-templates qml6-module-qtquick-window"
 # Checks of the sources, and a desktop without a screen.
 packages[test]="
-    clang-format desktop-file-utils libglib2.0-bin shellcheck qml6-module-qttest
+    appstream clang-format desktop-file-utils libglib2.0-bin man-db shellcheck qml6-module-qttest
     python3 python3-dbus python3-dbusmock python3-gi
     at-spi2-core dbus imagemagick libfaketime openbox openssl picom sway trayer wtype
     x11-xserver-utils xdotool xvfb"
 packages[tidy]="clang clang-tidy"
 packages[fuzz]="clang libclang-rt-dev"
+# What makes a Debian package, and what looks at one.
+packages[package]="binutils debootstrap dpkg-dev file lintian"
 
 wanted=()
 for group in "$@"; do

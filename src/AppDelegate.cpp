@@ -102,8 +102,17 @@ void AppDelegate::warnOfMissingPermission()
 void AppDelegate::setupStatusItem()
 {
     m_desktop.statusItem.setAction([this] { toggleFloatingWindow(); });
-    m_desktop.door.answer([this] { toggleFloatingWindow(); },
+    m_desktop.door.answer([this] { activate(); },
                           [this](const QString& name) { performAction(name); });
+}
+
+// A desktop that starts the program activates it next, and the welcome is what it has to show then.
+void AppDelegate::activate()
+{
+    if (m_onboardingWindow)
+        m_onboardingWindow->makeKeyAndOrderFront();
+    else
+        toggleFloatingWindow();
 }
 
 void AppDelegate::setupNotifications()

@@ -68,6 +68,7 @@ private:
     void startIndex();
     void warnOfMissingPermission();
     void setupStatusItem();
+    void activate();
     void setupNotifications();
     void setupFloatingWindow();
     void setupLocalKeyMonitor();

@@ -43,6 +43,7 @@ void prepareGraphics()
 void prepareApplication()
 {
     QCoreApplication::setApplicationName(QStringLiteral("jotwell"));
+    QGuiApplication::setWindowIcon(applicationIcon());
     QGuiApplication::setDesktopFileName(QStringLiteral("com.jotwell.Jotwell"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     installFonts();

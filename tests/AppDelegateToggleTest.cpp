@@ -123,6 +123,31 @@ TEST_F(AppDelegateToggleTest, DoorTogglesWhenItIsKnockedAtAndByAction)
     EXPECT_FALSE(isWindowShown());
 }
 
+TEST_F(AppDelegateToggleTest, DoorBringsTheWelcomeToTheFrontAsLongAsItIsOpen)
+{
+    settings().setOnboardingCompleted(false);
+    launch();
+    QWindow* const welcome = windowCalled("Welcome to Jotwell");
+    ASSERT_NE(welcome, nullptr);
+    welcome->setWindowStates(Qt::WindowMinimized);
+    desktop.door.activate();
+    turn();
+    EXPECT_FALSE(welcome->windowStates().testFlag(Qt::WindowMinimized));
+    EXPECT_FALSE(isWindowShown());
+    desktop.door.performAction(QStringLiteral("toggle"));
+    turn();
+    EXPECT_TRUE(isWindowShown()) << "who names the window gets it";
+    delegate->toggleFloatingWindow();
+    welcome->close();
+    ASSERT_TRUE(QTest::qWaitFor([this] {
+        turn();
+        return !windowCalled("Welcome to Jotwell");
+    }));
+    desktop.door.activate();
+    turn();
+    EXPECT_TRUE(isWindowShown());
+}
+
 TEST_F(AppDelegateToggleTest, PlainClickOnTheStatusItemToggles)
 {
     launch();

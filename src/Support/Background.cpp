@@ -58,7 +58,7 @@ void EndOfWork::await_suspend(std::coroutine_handle<> waiting)
     watcher->setFuture(m_work);
 }
 
-void EndOfWork::await_resume()
+void takeOverFromBackground()
 {
     take(Way::back);
 }

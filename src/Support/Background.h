@@ -17,6 +17,9 @@ namespace jotwell {
 /// touches is to be its own. Its end is awaited by `EndOfWork`.
 [[nodiscard]] QFuture<void> startInBackground(QThreadPool& pool, std::function<void()> work,
                                               int priority = 0);
+/// Whoever has waited for a pool in another way calls this before touching what the work has left
+/// behind.
+void takeOverFromBackground();
 
 /// Awaits the end of work in the background, which comes on a later turn of the event loop even if
 /// the work is over by then: an answer never overtakes its question.
@@ -26,7 +29,7 @@ public:
 
     [[nodiscard]] static bool await_ready() { return false; }
     void await_suspend(std::coroutine_handle<> waiting);
-    static void await_resume();
+    static void await_resume() { takeOverFromBackground(); }
 
 private:
     QFuture<void> m_work;

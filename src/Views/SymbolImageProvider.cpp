@@ -8,11 +8,12 @@
 
 namespace jotwell {
 
-QImage symbolImage(const QString& name, const QColor& color, const QSize& size)
+namespace {
+
+QImage drawn(const QString& file, const QSize& size)
 {
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
-    const QString file = QStringLiteral(":/symbols/%1.svg").arg(name);
     if (!QFile::exists(file))
         return image;
     QSvgRenderer renderer(file);
@@ -20,6 +21,15 @@ QImage symbolImage(const QString& name, const QColor& color, const QSize& size)
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     renderer.render(&painter);
+    return image;
+}
+
+} // namespace
+
+QImage symbolImage(const QString& name, const QColor& color, const QSize& size)
+{
+    QImage image = drawn(QStringLiteral(":/symbols/%1.svg").arg(name), size);
+    QPainter painter(&image);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(image.rect(), color);
     return image;
@@ -30,6 +40,15 @@ QIcon symbolIcon(const QString& name, const QColor& color)
     QIcon icon;
     for (const int edge : {16, 22, 24, 32, 48, 64})
         icon.addPixmap(QPixmap::fromImage(symbolImage(name, color, {edge, edge})));
+    return icon;
+}
+
+QIcon applicationIcon()
+{
+    const auto file = QStringLiteral(":/icons/com.jotwell.Jotwell.svg");
+    QIcon icon;
+    for (const int edge : {16, 24, 32, 48, 64, 128})
+        icon.addPixmap(QPixmap::fromImage(drawn(file, {edge, edge})));
     return icon;
 }
 

@@ -13,6 +13,9 @@ namespace jotwell {
 /// A symbol in the usual sizes of an icon.
 [[nodiscard]] QIcon symbolIcon(const QString& name, const QColor& color);
 
+/// The program's own icon, the one that is installed for desktops.
+[[nodiscard]] QIcon applicationIcon();
+
 /// Gives the views their symbols: image://symbol/<name>/<colour>.
 class SymbolImageProvider : public QQuickImageProvider {
 public:

@@ -34,6 +34,16 @@ def set_writable(folder, is_writable):
     _mount("-o", f"remount,bind,{'rw' if is_writable else 'ro'}", folder)
 
 
+@contextlib.contextmanager
+def shown(source, target):
+    """Shows the folder `source` with all that is mounted in it as `target`."""
+    _mount("--rbind", source, target)
+    try:
+        yield
+    finally:
+        subprocess.run(["umount", "--lazy", target], check=True)
+
+
 def _mount(*arguments):
     if _MARK not in os.environ:
         raise unittest.SkipTest("no mount namespaces here")

@@ -6,7 +6,7 @@ from pathlib import PurePosixPath
 from sources import ROOT, files, line_of, run_rule
 
 DOCUMENTS = ["CONTRIBUTING.md", "docs/ARCHITECTURE.md", "docs/index-database.md",
-             "docs/input-language.md", "docs/updates.md"]
+             "docs/input-language.md", "docs/packaging.md", "docs/updates.md"]
 
 _QUOTED = re.compile(r"(?<!`)`([^`\n]+)`(?!`)")
 _PATH = re.compile(r"\.?[\w{][\w.,{}-]*(/[\w.,{}-]+)*/?")

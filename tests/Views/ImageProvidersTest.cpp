@@ -210,3 +210,18 @@ TEST(ShadowImageProvider, FadesFromFullToNothing)
     for (int x = 1; x < middle; ++x)
         EXPECT_GE(image.pixelColor(x, middle).alpha(), image.pixelColor(x - 1, middle).alpha());
 }
+
+TEST(ApplicationIcon, IsAWhiteRingInAVioletDiscAtEverySize)
+{
+    const QIcon icon = applicationIcon();
+    for (const int edge : {16, 24, 32, 48, 64, 128}) {
+        const QImage image = icon.pixmap(edge, edge).toImage();
+        ASSERT_EQ(image.size(), QSize(edge, edge));
+        const QColor ring = image.pixelColor(edge / 2, edge * 34 / 128);
+        const QColor ground = image.pixelColor(edge / 2, edge / 2);
+        EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0) << edge;
+        EXPECT_EQ(ground.alpha(), 255) << edge;
+        EXPECT_GT(ground.blue(), ground.green() + 60) << edge;
+        EXPECT_GT(ring.green(), 220) << edge;
+    }
+}
