@@ -48,7 +48,8 @@ TEST_F(FollowedTemplates, NoFolderIsAnEmptyListWithoutAWatch)
 
 TEST_F(FollowedTemplates, ReadingOfTheFolderBeforeDoesNotCount)
 {
-    touchUntold();
+    touch();
+    m_edge.background.waitForDone(); // read, but not yet told
     m_settings.setTemplatesFolderPath(std::nullopt);
     m_service->followFolder();
     m_changes = 0;
@@ -62,7 +63,8 @@ TEST_F(FollowedTemplates, OnlyTheNewFolderIsTold)
     const ScratchFolder other;
     other.put(u"c.md"_qs, "c");
     m_folder.put(u"late.md"_qs, "");
-    touchUntold();
+    touch();
+    m_edge.background.waitForDone(); // read, but not yet told
     m_settings.setTemplatesFolderPath(other.path());
     m_service->followFolder();
     settle();
@@ -84,7 +86,8 @@ TEST_F(FollowedTemplates, WhatOthersHaveStoredIsKnownWithoutAReading)
 
 TEST_F(FollowedTemplates, ReadingFromBeforeDoesNotTakeItBack)
 {
-    touchUntold();
+    touch();
+    m_edge.background.waitForDone(); // read, but not yet told
     m_folder.put(u"a.md"_qs, "other");
     m_service->setContent(named(u"a"_qs).id, u"other"_qs);
     settle();

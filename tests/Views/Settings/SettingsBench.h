@@ -98,6 +98,7 @@ public:
     Q_INVOKABLE void holdBuilds();
     /// Runs until no build runs any more.
     Q_INVOKABLE void finishBuilds();
+    /// In the panel that is open.
     Q_INVOKABLE void answerPanel(const QString& path) { folders.answer(path); }
     Q_INVOKABLE void advance(int milliseconds)
     {
@@ -127,9 +128,6 @@ public:
     Q_INVOKABLE [[nodiscard]] QString templateText(const QString& name) const;
     Q_INVOKABLE [[nodiscard]] QStringList storedTemplates() const;
     Q_INVOKABLE void storeNoTemplates() { settings.setObsidianTemplates({}); }
-    /// In the panel that is open.
-    Q_INVOKABLE void chooseFolder(const QString& path) { folders.answer(path); }
-    Q_INVOKABLE [[nodiscard]] bool asksForFolder() const { return folders.question.has_value(); }
 
     /// A key of that place on the keyboard goes to the window of `item`.
     Q_INVOKABLE static void key(QQuickItem* item, bool isDown, int key, int modifiers, int keyCode);

@@ -218,8 +218,8 @@ TestCase {
     function test_folder() {
         open()
         mouseClick(findChild(part("folderField"), "button"))
-        verify(bench.asksForFolder())
-        bench.chooseFolder("/chosen")
+        verify(bench.asksForFolder)
+        bench.answerPanel("/chosen")
         compare(field("folderField").text, "/chosen")
         mouseClick(field("folderField"))
         keyClick(Qt.Key_End)
