@@ -97,17 +97,11 @@ bool FloatingWindow::isOnScreen() const
     return isVisible() && !windowStates().testFlag(Qt::WindowMinimized);
 }
 
-// As a window that is shown anew: one that is only restored may stay below others.
-void FloatingWindow::leaveIcon()
-{
-    setWindowStates(windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
-    hide();
-}
-
 void FloatingWindow::makeKeyAndOrderFront()
 {
-    if (isVisible() && !isOnScreen())
-        leaveIcon();
+    // Only restored: hidden and shown at once, it is lost by a window manager that is still at work
+    // on the first of it.
+    setWindowStates(windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
     // A window manager forgets these when it takes a window off the screen.
     m_windowSystem.makeAccessory(this);
     updateShape();

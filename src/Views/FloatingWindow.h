@@ -38,7 +38,6 @@ protected:
 
 private:
     void load();
-    void leaveIcon();
     void followScreens();
     void followScreen();
     void keepReachable();
