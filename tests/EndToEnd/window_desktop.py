@@ -83,6 +83,7 @@ class WindowManager(unittest.TestCase):
         desktop.window_manager.send(end)
         desktop.window_manager.exit_status()
         desktop.start_window_manager()
+        wait_until(desktop.other.has_frame, "the other window in the new one's hands")
 
     def test_manners(self):
         with capturing() as window:

@@ -36,6 +36,11 @@ class OtherWindow:
     def has_focus(self):
         return self._desktop.ask("xdotool", "getwindowfocus") == self.id
 
+    def has_frame(self):
+        """A window manager has it in its hands."""
+        tree = self._desktop.ask("xwininfo", "-tree", "-id", self.id)
+        return not re.search(r"Parent window id: .*\(the root window\)", tree)
+
     def clicks(self):
         return self._process.output().count("ButtonPress event")
 
