@@ -5,13 +5,17 @@ import Jotwell
 
 // A row of tabs, one of which may be selected. It can be moved sideways where it is too long, and
 // no more tabs are made than are seen.
-ListView {
+Item {
     id: view
 
     // TabItems in their order, in an array or a model of theirs, and the id of one of them, or an
     // empty text.
     property var tabs: []
     property string selectedTabId
+    property alias count: list.count
+    property alias contentWidth: list.contentWidth
+    property alias contentX: list.contentX
+    property alias contentItem: list.contentItem
 
     readonly property int selectedIndex: rowOf(selectedTabId, revision)
     property int revision: 0
@@ -21,18 +25,12 @@ ListView {
 
     implicitWidth: 360
     implicitHeight: prototype.implicitHeight
-    orientation: ListView.Horizontal
-    model: tabs
-    interactive: contentWidth > width
-    clip: interactive
-    boundsBehavior: Flickable.StopAtBounds
-    keyNavigationEnabled: false
-    highlightFollowsCurrentItem: false
     onSelectedIndexChanged: showSelected()
     onTabsChanged: showSelected()
     onWidthChanged: showCurrent()
     Component.onCompleted: Qt.callLater(showSelected)
 
+    // Told by what holds the list: a list with the keyboard in it would count as having it itself.
     Accessible.role: Accessible.PageTabList
 
     Keys.onLeftPressed: selectAt(Math.max(0, selectedIndex - 1))
@@ -61,15 +59,15 @@ ListView {
     }
 
     function takeFocus(): void {
-        if (currentItem)
-            currentItem.forceActiveFocus(Qt.TabFocusReason)
+        if (list.currentItem)
+            list.currentItem.forceActiveFocus(Qt.TabFocusReason)
     }
 
     // The current tab exists also while it isn't seen, so that the keyboard isn't lost with it.
     function showSelected(): void {
-        const hasKeyboard = activeFocus
-        forceLayout()
-        currentIndex = Math.min(count - 1, Math.max(0, selectedIndex))
+        const hasKeyboard = list.activeFocus
+        list.forceLayout()
+        list.currentIndex = Math.min(count - 1, Math.max(0, selectedIndex))
         showCurrent()
         if (hasKeyboard)
             takeFocus()
@@ -77,11 +75,11 @@ ListView {
 
     // The tabs on the way there are as wide as was thought only once they have been seen.
     function showCurrent(): void {
-        positionViewAtIndex(currentIndex, ListView.Contain)
-        if (!currentItem)
-            return
-        const end = currentItem.x + currentItem.width
-        contentX = Math.max(Math.min(contentX, currentItem.x), end - width, originX)
+        list.positionViewAtIndex(list.currentIndex, ListView.Contain)
+        const current = list.currentItem
+        if (current)
+            contentX = Math.max(Math.min(contentX, current.x), current.x + current.width - width,
+                                list.originX)
     }
 
     TabButton {
@@ -89,6 +87,7 @@ ListView {
 
         visible: false
         tab: ({ title: "" })
+        Accessible.ignored: true
     }
 
     Connections {
@@ -104,15 +103,28 @@ ListView {
         }
     }
 
-    delegate: TabButton {
-        required property int index
-        required property var modelData
+    ListView {
+        id: list
 
-        objectName: "tab" + index
-        tab: modelData
-        isSelected: index === view.selectedIndex
-        // The keyboard stops once at the row and goes on inside by arrows.
-        activeFocusOnTab: activeFocus || index === Math.max(0, view.selectedIndex)
-        onAction: view.choose(modelData.id)
+        anchors.fill: parent
+        orientation: ListView.Horizontal
+        model: view.tabs
+        interactive: contentWidth > width
+        clip: interactive
+        boundsBehavior: Flickable.StopAtBounds
+        keyNavigationEnabled: false
+        highlightFollowsCurrentItem: false
+
+        delegate: TabButton {
+            required property int index
+            required property var modelData
+
+            objectName: "tab" + index
+            tab: modelData
+            isSelected: index === view.selectedIndex
+            // The keyboard stops once at the row and goes on inside by arrows.
+            activeFocusOnTab: activeFocus || index === Math.max(0, view.selectedIndex)
+            onAction: view.choose(modelData.id)
+        }
     }
 }
