@@ -87,7 +87,10 @@ class Desktop:
             process.stop()
         for stray in self.strays():
             os.kill(stray, signal.SIGKILL)
+        faults = [line for line in self.log() if line.startswith("qrc:")]
         shutil.rmtree(self.folder, ignore_errors=True)
+        if faults and not kind:
+            raise AssertionError("\n".join(["QML complains:", *faults]))
 
     # What runs on it
 

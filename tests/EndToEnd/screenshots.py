@@ -8,7 +8,10 @@ import accessibility
 import demo_vault
 from desktop import Desktop, is_green
 from editor import Editor
+from onboarding import Welcome
 from portal import DARK, LIGHT, SettingsPortal
+from settings import SettingsWindow
+from settings_templates import Templates
 from windows import OtherWindow
 
 _SCREEN = 1280, 800
@@ -63,7 +66,36 @@ class Photographer:
         print(path)
 
 
+def take_window(desktop, title, folder, name):
+    """What stands in a window of that title, without its frame."""
+    time.sleep(_TO_SETTLE)
+    [window] = desktop.ask("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
+    path = Path(folder) / f"{name}.png"
+    desktop.ask("import", "-window", window, "-strip", str(path))
+    print(path)
+
+
+def take_welcome(folder):
+    with Desktop(bus_services=accessibility.BUS_SERVICES) as desktop:
+        SettingsPortal(desktop, color_scheme=LIGHT)
+        Welcome(desktop)
+        take_window(desktop, "Welcome to Jotwell", folder, "welcome")
+
+
+def take_settings(folder):
+    with Desktop(bus_services=accessibility.BUS_SERVICES) as desktop:
+        portal = SettingsPortal(desktop, color_scheme=LIGHT)
+        window = SettingsWindow(desktop, **accessibility.ENVIRONMENT)
+        Templates(window)
+        take_window(desktop, "Settings", folder, "settings-templates")
+        portal.set_color_scheme(DARK)
+        desktop.press("Home")
+        take_window(desktop, "Settings", folder, "settings-hotkey")
+
+
 def take_all(folder):
+    take_welcome(folder)
+    take_settings(folder)
     with Photographer(folder, LIGHT) as it:
         it.editor.type("Call Ada /")
         it.editor.wait_for_rows("/new_note", "/search_notes", "/recent")

@@ -12,8 +12,8 @@ Item {
     // empty text.
     property var tabs: []
     property string selectedTabId
-    property alias count: list.count
-    property alias contentWidth: list.contentWidth
+    readonly property int count: list.count
+    readonly property real contentWidth: list.contentWidth
     property alias contentX: list.contentX
     property alias contentItem: list.contentItem
 
