@@ -86,6 +86,8 @@ TEST(BeginningFolderTest, IsTheNearestThatIsThere)
     EXPECT_EQ(beginningFolder(QStringLiteral("/gone/long ago")), QStringLiteral("/"));
     EXPECT_EQ(beginningFolder(QStringLiteral("relative")), QDir::homePath());
     EXPECT_EQ(beginningFolder({}), QDir::homePath());
+    EXPECT_EQ(beginningFolder(QStringLiteral(":/qt-project.org")), QDir::homePath())
+        << "is in the program";
 }
 
 } // namespace
