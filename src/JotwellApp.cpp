@@ -1,4 +1,5 @@
 #include "AppDelegate.h"
+#include "CommandLine.h"
 #include "Platform/DesktopAppearance.h"
 #include "Platform/FolderPanel.h"
 #include "Platform/InstanceDoor.h"
@@ -113,7 +114,9 @@ int run(InstanceDoor& door)
 
 int main(int argc, char* argv[])
 {
-    // First of all, so that a second start is over at once.
+    if (const auto status = jotwell::answerCommandLine(argc, argv))
+        return *status;
+    // Before all else, so that a second start is over at once.
     const auto door = jotwell::makeInstanceDoor();
     if (door->claim() == jotwell::InstanceDoor::Claim::delivered)
         return 0;

@@ -12,6 +12,7 @@ from processes import wait_until
 
 MESSAGE = PANELS["vault"]
 SETTLED = 0.3  # seconds, after which what was to come of something has come
+LEFT = 1  # second, after which a window that has lost the keyboard knows
 
 
 @contextlib.contextmanager
@@ -89,6 +90,20 @@ class FolderPanel(unittest.TestCase):
             it.portal.answer(FAILED)
             self.wait_for_own_panel(it)
             self.choose_in_place_of_it(it)
+
+    def test_panel_that_is_closed_by_its_frame_has_not_failed(self):
+        with vault_step() as it:
+            self.browse(it)
+            # As by the panel, the welcome loses the keyboard.
+            it.desktop.ask("xdotool", "set_desktop", "1")
+            time.sleep(LEFT)
+            it.portal.answer(FAILED)
+            time.sleep(SETTLED)
+            self.assertEqual(it.ids(MESSAGE), [])
+            it.portal.stop()
+            wait_until(it.has_focus, "the keyboard in the welcome")
+            it.press("space")
+            self.wait_for_own_panel(it)
 
     def test_own_panel_where_the_portal_is_silent(self):
         with welcome() as it:

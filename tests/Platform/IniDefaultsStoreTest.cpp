@@ -5,7 +5,9 @@
 #include "Support/Logging.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QLockFile>
 #include <QPoint>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -13,7 +15,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <limits>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -384,6 +388,29 @@ TEST_F(IniDefaultsStoreTest, ProgramsThatWriteAtOnceKeepOneAnothersKeys)
     write(m_store, QStringLiteral("Own"));
     thread->wait();
     EXPECT_EQ(IniDefaultsStore(path(), m_calls).keys().size(), 100);
+}
+
+TEST_F(IniDefaultsStoreTest, LockOfAMomentCostsAMoment)
+{
+    constexpr int held = 10;
+    m_store.setInteger(key, -1); // makes the folder
+    QLockFile other(path() + QStringLiteral(".lock"));
+    qint64 shortest = std::numeric_limits<qint64>::max();
+    for (int round = 0; round < 5; ++round) {
+        ASSERT_TRUE(other.tryLock(1000));
+        const std::unique_ptr<QThread> thread(QThread::create([&] {
+            QThread::msleep(held);
+            other.unlock();
+        }));
+        QElapsedTimer time;
+        time.start();
+        thread->start();
+        m_store.setInteger(key, round);
+        shortest = std::min(shortest, time.elapsed());
+        thread->wait();
+    }
+    EXPECT_GE(shortest, held) << "nobody is overtaken";
+    EXPECT_LT(shortest, 80);
 }
 
 TEST_F(IniDefaultsStoreTest, FiftyMegabytesAreAValueLikeAnyOther)

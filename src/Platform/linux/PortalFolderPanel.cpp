@@ -93,6 +93,9 @@ void PortalFolderPanel::open()
         question.message.isEmpty() ? question.prompt : question.message,
         options(token),
     };
+    m_hasTakenKeyboard = false;
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, m_asking.get(),
+            [this](const QWindow* window) { m_hasTakenKeyboard |= window == nullptr; });
     m_request.reset(new PortalRequest(m_bus, token));
     m_request->call(
         portalCall(fileChooser, QStringLiteral("OpenFile"), arguments),
@@ -116,11 +119,14 @@ QVariantMap PortalFolderPanel::options(const QString& token) const
     return options;
 }
 
+// A panel that is closed by Escape or by its frame has failed, in the words of GTK's portal, just
+// as one that never came. But it has had the keyboard.
 void PortalFolderPanel::takeAnswer(PortalRequest::Outcome outcome, const QVariantMap& results)
 {
+    const bool isClosed = m_request->isTaken() && m_hasTakenKeyboard;
     if (outcome == PortalRequest::Outcome::granted)
         takeFolder(results.value(QStringLiteral("uris")).toStringList());
-    else if (outcome == PortalRequest::Outcome::denied)
+    else if (outcome == PortalRequest::Outcome::denied || isClosed)
         end();
     else
         showOther();

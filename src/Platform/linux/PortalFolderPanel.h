@@ -53,6 +53,7 @@ private:
     Asked m_asked;
     std::unique_ptr<QObject> m_asking; ///< there while the portal is asked; replies end with it
     PortalRequestPointer m_request;
+    bool m_hasTakenKeyboard = false; ///< the panel, from the program's windows
     int m_questions = 0;
 };
 

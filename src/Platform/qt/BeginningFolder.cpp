@@ -7,7 +7,8 @@ namespace jotwell {
 
 QString beginningFolder(const QString& wished)
 {
-    if (!QDir::isAbsolutePath(wished))
+    const QFileInfo wish(wished);
+    if (!wish.isAbsolute() || !wish.isNativePath())
         return QDir::homePath();
     QString folder = QDir::cleanPath(wished);
     while (!QFileInfo(folder).isDir() && folder != QDir::rootPath())

@@ -4,6 +4,7 @@
 #include "Support/FileText.h"
 #include "Support/Logging.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -11,6 +12,7 @@
 #include <QMutexLocker>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <cerrno>
 
@@ -78,6 +80,16 @@ bool put(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
+}
+
+// By itself a lock is tried again after a tenth of a second and ever more: too late for the user
+// who waits, and for its turn where others write all the time. It is held for milliseconds.
+void lockIfPossible(QLockFile& lock)
+{
+    const QDeadlineTimer deadline(500ms);
+    while (!lock.tryLock(0ms) && lock.error() == QLockFile::LockFailedError &&
+           !deadline.hasExpired())
+        QThread::msleep(2);
 }
 
 // QSettings counts a file that a full disk cut short as written, so what it wrote is read again,
@@ -214,7 +226,7 @@ void IniDefaultsStore::setValue(const QString& key, const QVariant& value)
     ::mkdir(QFile::encodeName(folder).constData(), S_IRWXU);
     // Two programs that write at once must not undo one another's keys.
     QLockFile fileLock(m_filePath + QStringLiteral(".lock"));
-    fileLock.tryLock(std::chrono::milliseconds(500));
+    lockIfPossible(fileLock);
     load();
     if (save(mergedValues()))
         m_unsaved.clear();

@@ -57,6 +57,9 @@ protected:
         QTest::qWait(ofTheBus);
     }
 
+    /// As if the portal's panel got it from a window of the program.
+    static void loseKeyboard() { emit qGuiApp->focusWindowChanged(nullptr); }
+
     [[nodiscard]] bool otherIsShown() const
     {
         return QTest::qWaitFor([&] { return m_other->question.has_value(); }, 3000);
@@ -183,6 +186,29 @@ TEST_F(PortalFolderPanelTest, OtherPanelTakesThePlaceOfOneThatFails)
     EXPECT_EQ(m_other->question->message, QStringLiteral("Select your vault"));
     m_other->answer(QStringLiteral("/other"));
     EXPECT_EQ(m_chosen, QStringList(QStringLiteral("/other")));
+}
+
+TEST_F(PortalFolderPanelTest, PanelThatHadTheKeyboardIsClosedAndHasNotFailed)
+{
+    makePortal();
+    open();
+    loseKeyboard();
+    respond(2);
+    EXPECT_FALSE(m_other->question);
+    EXPECT_EQ(m_chosen, QStringList());
+
+    open();
+    respond(2);
+    EXPECT_TRUE(m_other->question) << "what was before counts no more";
+}
+
+TEST_F(PortalFolderPanelTest, SilentPortalIsReplacedWhereverTheKeyboardIs)
+{
+    makePortal(Kind::silent);
+    choose();
+    ASSERT_TRUE(m_portal->waitForQuestions(1));
+    loseKeyboard();
+    EXPECT_TRUE(otherIsShown());
 }
 
 TEST_F(PortalFolderPanelTest, RequestIsFoundWhateverItsName)

@@ -45,6 +45,7 @@ TEST_F(QtFolderPanelTest, BeginsAtHome)
     choose();
     ASSERT_EQ(dialogs().size(), 1);
     EXPECT_EQ(dialogs().first()->directory().path(), QDir::homePath());
+    EXPECT_TRUE(dialogs().first()->testOption(QFileDialog::ShowDirsOnly));
 }
 
 TEST_F(QtFolderPanelTest, BeginsAtTheFolderThatWasChosen)
@@ -85,7 +86,10 @@ TEST(BeginningFolderTest, IsTheNearestThatIsThere)
     EXPECT_EQ(beginningFolder(file + QStringLiteral("/below")), path);
     EXPECT_EQ(beginningFolder(QStringLiteral("/gone/long ago")), QStringLiteral("/"));
     EXPECT_EQ(beginningFolder(QStringLiteral("relative")), QDir::homePath());
+    EXPECT_EQ(beginningFolder(QStringLiteral("/gone/..") + path), path);
     EXPECT_EQ(beginningFolder({}), QDir::homePath());
+    EXPECT_EQ(beginningFolder(QStringLiteral(":/qt-project.org")), QDir::homePath())
+        << "is in the program";
 }
 
 } // namespace
