@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QPoint>
+#include <QSemaphore>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QThread>
@@ -40,6 +41,19 @@ public:
     ~Unprivileged() { EXPECT_EQ(::seteuid(::getuid()), 0); }
     Unprivileged(const Unprivileged&) = delete;
     Unprivileged& operator=(const Unprivileged&) = delete;
+};
+
+/// A disk that takes its time: each sync waits to be let go.
+class HeldDisk : public PosixFileCalls {
+public:
+    int fsync(int descriptor) override
+    {
+        asked.release();
+        letGo.acquire();
+        return PosixFileCalls::fsync(descriptor);
+    }
+
+    QSemaphore asked, letGo;
 };
 
 class IniDefaultsStoreTest : public testing::Test {
@@ -384,6 +398,45 @@ TEST_F(IniDefaultsStoreTest, ProgramsThatWriteAtOnceKeepOneAnothersKeys)
     write(m_store, QStringLiteral("Own"));
     thread->wait();
     EXPECT_EQ(IniDefaultsStore(path(), m_calls).keys().size(), 100);
+}
+
+TEST_F(IniDefaultsStoreTest, NoReadingWaitsForAWrite)
+{
+    put("[General]\nOther=old\n");
+    HeldDisk disk;
+    IniDefaultsStore store(path(), disk);
+    const std::unique_ptr<QThread> writer(QThread::create([&] { store.setInteger(key, 7); }));
+    writer->start();
+    ASSERT_TRUE(disk.asked.tryAcquire(1, 5000));
+    QSemaphore read;
+    const std::unique_ptr<QThread> reader(QThread::create([&] {
+        EXPECT_EQ(store.integer(key), 7);
+        EXPECT_EQ(store.string(QStringLiteral("Other")), QStringLiteral("old"));
+        EXPECT_EQ(store.keys().size(), 2);
+        read.release();
+    }));
+    reader->start();
+    EXPECT_TRUE(read.tryAcquire(1, 5000));
+    disk.letGo.release(10);
+    writer->wait();
+    reader->wait();
+    EXPECT_EQ(IniDefaultsStore(path(), m_calls).integer(key), 7);
+}
+
+TEST_F(IniDefaultsStoreTest, WhatOthersWriteDuringAWriteIsSeenBehindIt)
+{
+    HeldDisk disk;
+    IniDefaultsStore store(path(), disk);
+    const std::unique_ptr<QThread> writer(QThread::create([&] { store.setInteger(key, 7); }));
+    disk.letGo.release(1); // that of the folder, which comes behind the file, is held
+    writer->start();
+    ASSERT_TRUE(disk.asked.tryAcquire(2, 5000));
+    put("[General]\nOther=theirs\n");
+    EXPECT_EQ(store.integer(key), 7);
+    QThread::msleep(50); // by then, a change is told from the next by its time
+    disk.letGo.release(10);
+    writer->wait();
+    EXPECT_EQ(store.string(QStringLiteral("Other")), QStringLiteral("theirs"));
 }
 
 TEST_F(IniDefaultsStoreTest, FiftyMegabytesAreAValueLikeAnyOther)

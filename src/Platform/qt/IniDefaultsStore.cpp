@@ -180,7 +180,7 @@ QStringList IniDefaultsStore::keys() const
 {
     const QMutexLocker lock(&m_mutex);
     load();
-    return mergedValues().keys();
+    return mergedContent().values.keys();
 }
 
 std::optional<DefaultsStore::ValueType> IniDefaultsStore::storedType(const QString& key) const
@@ -202,80 +202,90 @@ QVariant IniDefaultsStore::value(const QString& key) const
     const QMutexLocker lock(&m_mutex);
     load();
     const auto unsaved = m_unsaved.find(key);
-    return unsaved == m_unsaved.end() ? m_fileValues.value(key) : *unsaved;
+    return unsaved == m_unsaved.end() ? m_content.values.value(key) : *unsaved;
 }
 
 void IniDefaultsStore::setValue(const QString& key, const QVariant& value)
 {
-    const QMutexLocker lock(&m_mutex);
+    const QMutexLocker writing(&m_writing);
+    QMutexLocker lock(&m_mutex);
     m_unsaved.insert(key, value);
-    const QString folder = QFileInfo(m_filePath).absolutePath();
-    QDir().mkpath(QFileInfo(folder).absolutePath());
-    ::mkdir(QFile::encodeName(folder).constData(), S_IRWXU);
+    lock.unlock();
+    makeFolder();
     // Two programs that write at once must not undo one another's keys.
     QLockFile fileLock(m_filePath + QStringLiteral(".lock"));
     fileLock.tryLock(std::chrono::milliseconds(500));
+    lock.relock();
     load();
-    if (save(mergedValues()))
-        m_unsaved.clear();
+    const Content content = mergedContent();
+    lock.unlock();
+    if (!save(content))
+        return;
+    lock.relock();
+    m_unsaved.clear(); // what stands in the file now is read from there
 }
 
-// QSettings remembers what a file of that size and time held, so that it is given a copy under a
-// name that it doesn't know; the file itself only where there is no room for one.
+void IniDefaultsStore::makeFolder() const
+{
+    const QString folder = QFileInfo(m_filePath).absolutePath();
+    QDir().mkpath(QFileInfo(folder).absolutePath());
+    ::mkdir(QFile::encodeName(folder).constData(), S_IRWXU);
+}
+
 void IniDefaultsStore::load() const
 {
     const FileIdentity identity = identityOnDisk();
     if (identity == m_identity && m_isSettled)
         return;
     rememberIdentity(identity);
-    m_fileValues.clear();
-    m_isDamaged = false;
-    m_isReadable = true;
-    if (identity.size < 0)
-        return;
+    m_content = identity.size < 0 ? Content() : readContent();
+}
+
+// QSettings remembers what a file of that size and time held, so that it is given a copy under a
+// name that it doesn't know; the file itself only where there is no room for one.
+IniDefaultsStore::Content IniDefaultsStore::readContent() const
+{
     const auto bytes = readFile(m_filePath);
     const QTemporaryDir scratch(scratchTemplate());
     const QString copy = scratch.filePath(QStringLiteral("copy.ini"));
     const QSettings settings(bytes && put(copy, *bytes) ? copy : m_filePath, QSettings::IniFormat);
-    m_fileValues = valuesOf(settings);
-    m_isDamaged = settings.status() == QSettings::FormatError;
-    m_isReadable = settings.status() != QSettings::AccessError;
+    Content content;
+    content.values = valuesOf(settings);
+    content.isDamaged = settings.status() == QSettings::FormatError;
+    content.isReadable = settings.status() != QSettings::AccessError;
+    return content;
 }
 
-IniDefaultsStore::Values IniDefaultsStore::mergedValues() const
+IniDefaultsStore::Content IniDefaultsStore::mergedContent() const
 {
-    Values merged = m_fileValues;
+    Content merged = m_content;
     for (auto each = m_unsaved.begin(); each != m_unsaved.end(); ++each) {
         if (each->isValid())
-            merged.insert(each.key(), *each);
+            merged.values.insert(each.key(), *each);
         else
-            merged.remove(each.key());
+            merged.values.remove(each.key());
     }
     return merged;
 }
 
-bool IniDefaultsStore::save(const Values& values)
+bool IniDefaultsStore::save(const Content& content) const
 {
-    const auto bytes = serialized(values);
-    const auto written = bytes ? replaceFile(*bytes) : SystemError{ENOSPC};
-    if (!written) {
+    const auto bytes = serialized(content.values);
+    const auto written = bytes ? replaceFile(*bytes, content) : SystemError{ENOSPC};
+    if (!written)
         logError(logCategory,
                  QStringLiteral("The settings can't be written: ") + written.error().description());
-        return false;
-    }
-    m_fileValues = values;
-    rememberIdentity(identityOnDisk());
-    m_isDamaged = false;
-    return true;
+    return static_cast<bool>(written);
 }
 
 // What couldn't be read may be worth something to its owner: a file that can't be opened stays as
 // it is, and a damaged one is moved aside first.
-Result<void, SystemError> IniDefaultsStore::replaceFile(const QByteArray& bytes) const
+Result<void, SystemError> IniDefaultsStore::replaceFile(const QByteArray& bytes,
+                                                        const Content& content) const
 {
-    if (!m_isReadable)
+    if (!content.isReadable)
         return SystemError{EACCES};
-    if (!m_isDamaged)
+    if (!content.isDamaged)
         return m_file.write(m_filePath, bytes, AtomicFile::Permissions::ownerOnly);
     const QByteArray path = QFile::encodeName(m_filePath);
     const QByteArray aside = QFile::encodeName(freeNameForDamagedFile());
