@@ -43,19 +43,6 @@ public:
     Unprivileged& operator=(const Unprivileged&) = delete;
 };
 
-/// A disk that takes its time: each sync waits to be let go.
-class HeldDisk : public PosixFileCalls {
-public:
-    int fsync(int descriptor) override
-    {
-        asked.release();
-        letGo.acquire();
-        return PosixFileCalls::fsync(descriptor);
-    }
-
-    QSemaphore asked, letGo;
-};
-
 class IniDefaultsStoreTest : public testing::Test {
 protected:
     void SetUp() override
@@ -200,7 +187,7 @@ TEST_F(IniDefaultsStoreTest, AReadingNeverChangesTheFile)
           QByteArray(), QByteArray("[General]\nKey=\"unclosed\nOther")}) {
         put(content);
         IniDefaultsStore store(path(), m_calls);
-        EXPECT_EQ(store.integer(QStringLiteral("RecentFilesCount")), 0);
+        EXPECT_EQ(m_store.integer(QStringLiteral("RecentFilesCount")), 0);
         static_cast<void>(store.string(key));
         static_cast<void>(store.keys());
         EXPECT_EQ(bytes(), content);
@@ -403,21 +390,20 @@ TEST_F(IniDefaultsStoreTest, ProgramsThatWriteAtOnceKeepOneAnothersKeys)
 TEST_F(IniDefaultsStoreTest, NoReadingWaitsForAWrite)
 {
     put("[General]\nOther=old\n");
-    HeldDisk disk;
-    IniDefaultsStore store(path(), disk);
-    const std::unique_ptr<QThread> writer(QThread::create([&] { store.setInteger(key, 7); }));
+    m_calls.hold();
+    const std::unique_ptr<QThread> writer(QThread::create([&] { m_store.setInteger(key, 7); }));
     writer->start();
-    ASSERT_TRUE(disk.asked.tryAcquire(1, 5000));
+    ASSERT_TRUE(m_calls.waitForSyncs(1));
     QSemaphore read;
     const std::unique_ptr<QThread> reader(QThread::create([&] {
-        EXPECT_EQ(store.integer(key), 7);
-        EXPECT_EQ(store.string(QStringLiteral("Other")), QStringLiteral("old"));
-        EXPECT_EQ(store.keys().size(), 2);
+        EXPECT_EQ(m_store.integer(key), 7);
+        EXPECT_EQ(m_store.string(QStringLiteral("Other")), QStringLiteral("old"));
+        EXPECT_EQ(m_store.keys().size(), 2);
         read.release();
     }));
     reader->start();
     EXPECT_TRUE(read.tryAcquire(1, 5000));
-    disk.letGo.release(10);
+    m_calls.letGo();
     writer->wait();
     reader->wait();
     EXPECT_EQ(IniDefaultsStore(path(), m_calls).integer(key), 7);
@@ -425,18 +411,16 @@ TEST_F(IniDefaultsStoreTest, NoReadingWaitsForAWrite)
 
 TEST_F(IniDefaultsStoreTest, WhatOthersWriteDuringAWriteIsSeenBehindIt)
 {
-    HeldDisk disk;
-    IniDefaultsStore store(path(), disk);
-    const std::unique_ptr<QThread> writer(QThread::create([&] { store.setInteger(key, 7); }));
-    disk.letGo.release(1); // that of the folder, which comes behind the file, is held
+    m_calls.hold(1); // that of the folder comes behind the file
+    const std::unique_ptr<QThread> writer(QThread::create([&] { m_store.setInteger(key, 7); }));
     writer->start();
-    ASSERT_TRUE(disk.asked.tryAcquire(2, 5000));
+    ASSERT_TRUE(m_calls.waitForSyncs(2));
     put("[General]\nOther=theirs\n");
-    EXPECT_EQ(store.integer(key), 7);
+    EXPECT_EQ(m_store.integer(key), 7);
     QThread::msleep(50); // by then, a change is told from the next by its time
-    disk.letGo.release(10);
+    m_calls.letGo();
     writer->wait();
-    EXPECT_EQ(store.string(QStringLiteral("Other")), QStringLiteral("theirs"));
+    EXPECT_EQ(m_store.string(QStringLiteral("Other")), QStringLiteral("theirs"));
 }
 
 TEST_F(IniDefaultsStoreTest, FiftyMegabytesAreAValueLikeAnyOther)

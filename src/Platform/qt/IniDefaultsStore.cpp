@@ -4,6 +4,7 @@
 #include "Support/FileText.h"
 #include "Support/Logging.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -11,6 +12,7 @@
 #include <QMutexLocker>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <cerrno>
 
@@ -78,6 +80,16 @@ bool put(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
+}
+
+// By itself a QLockFile looks again after a tenth of a second, where a write takes a hundredth. A
+// program that hangs isn't waited for.
+void waitFor(QLockFile& lock)
+{
+    constexpr auto patience = 500ms;
+    const QDeadlineTimer end(patience);
+    while (!lock.tryLock(0ms) && lock.error() == QLockFile::LockFailedError && !end.hasExpired())
+        QThread::msleep(2);
 }
 
 // QSettings counts a file that a full disk cut short as written, so what it wrote is read again,
@@ -214,7 +226,7 @@ void IniDefaultsStore::setValue(const QString& key, const QVariant& value)
     makeFolder();
     // Two programs that write at once must not undo one another's keys.
     QLockFile fileLock(m_filePath + QStringLiteral(".lock"));
-    fileLock.tryLock(std::chrono::milliseconds(500));
+    waitFor(fileLock);
     lock.relock();
     load();
     const Content content = mergedContent();
