@@ -83,6 +83,7 @@ TEST_F(TemplateSettingsTest, FastTypingEndsWithTheLastText)
         view->setEditingTemplateContent(text);
     }
     view->disappear();
+    view->waitUntilStored();
     EXPECT_EQ(settings.obsidianTemplates().first().content, text);
 }
 
