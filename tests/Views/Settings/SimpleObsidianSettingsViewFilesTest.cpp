@@ -119,6 +119,15 @@ TEST_F(SyncedTemplateSettings, FileWrittenInPlaceIsShownWhenTheUserComesBack)
     EXPECT_EQ(view->editingTemplateContent(), u"theirs"_qs);
 }
 
+TEST_F(SyncedTemplateSettings, FileWrittenInPlaceIsShownWhenTheScreenComesBack)
+{
+    put(u"x"_qs, "theirs");
+    view->disappear();
+    view->appear();
+    settle();
+    EXPECT_EQ(view->editingTemplateContent(), u"theirs"_qs);
+}
+
 TEST_F(SyncedTemplateSettings, UnseenChangeIsKeptBesideTheUsersText)
 {
     put(u"x"_qs, "theirs");
@@ -226,6 +235,24 @@ TEST_F(SyncedTemplateSettings, NobodyWaitsForTheDisk)
     EXPECT_EQ(settings.obsidianTemplates(), stored);
 }
 
+TEST_F(SyncedTemplateSettings, ComingBackBeforeAllIsStoredShowsWhatIsNewer)
+{
+    fake.files.hold();
+    view->setEditingTemplateContent(u"typed"_qs);
+    ASSERT_TRUE(fake.files.waitForSyncs(1));
+    select(u"b"_qs);
+    view->setEditingTemplateContent(u"newer"_qs);
+    view->disappear();
+    view->appear();
+    EXPECT_EQ(view->editingTemplateName(), u"b"_qs);
+    EXPECT_EQ(view->editingTemplateContent(), u"newer"_qs);
+    emit qApp->applicationStateChanged(Qt::ApplicationActive);
+    EXPECT_EQ(view->editingTemplateContent(), u"newer"_qs);
+    fake.files.letGo();
+    settle();
+    EXPECT_EQ(settings.obsidianTemplates()[1].content, u"newer"_qs);
+}
+
 TEST_F(SyncedTemplateSettings, EarlierTextDoesNotComeBackWhileALaterOneIsStored)
 {
     fake.files.hold(2);
@@ -239,6 +266,34 @@ TEST_F(SyncedTemplateSettings, EarlierTextDoesNotComeBackWhileALaterOneIsStored)
     settle();
     EXPECT_TRUE(changes.isEmpty());
     EXPECT_EQ(inFile(u"x"_qs), "typed on");
+}
+
+TEST_F(SyncedTemplateSettings, EarlierTextDoesNotComeBackUnderTheUsersHands)
+{
+    fake.files.hold(2);
+    view->setEditingTemplateContent(u"typed"_qs);
+    ASSERT_TRUE(fake.files.waitForSyncs(2));
+    view->setEditingTemplateContent(u"typed on"_qs);
+    const QSignalSpy changes(view.get(), &SimpleObsidianSettingsView::editingChanged);
+    fake.files.letGo();
+    settle();
+    EXPECT_TRUE(changes.isEmpty());
+    EXPECT_EQ(inFile(u"x"_qs), "typed on");
+}
+
+TEST_F(SyncedTemplateSettings, SaveIsTakenForDoneOnceItIs)
+{
+    view->setEditingTemplateContent(u"one"_qs);
+    view->waitUntilStored();
+    fake.files.hold();
+    view->setEditingTemplateContent(u"two"_qs);
+    ASSERT_TRUE(fake.files.waitForSyncs(1));
+    QCoreApplication::processEvents(); // the end of the first one comes by here as well
+    fake.files.letGo();
+    settle();
+    put(u"x"_qs, "theirs");
+    touch();
+    EXPECT_EQ(view->editingTemplateContent(), u"theirs"_qs) << "nobody is in the middle of an edit";
 }
 
 TEST_F(SyncedTemplateSettings, TextThatFailsAfterItWasLeftIsKeptOnce)
