@@ -27,6 +27,25 @@ bool FailingFileCalls::fails(const char* call)
     return failing;
 }
 
+void FailingFileCalls::hold(int passing)
+{
+    m_gate.release(passing);
+    m_isHeld = true;
+}
+
+void FailingFileCalls::letGo()
+{
+    constexpr int all = 1000;
+    m_isHeld = false;
+    m_gate.release(all);
+}
+
+bool FailingFileCalls::waitForSyncs(int count)
+{
+    constexpr int patience = 5000; // milliseconds
+    return m_syncs.tryAcquire(count, patience);
+}
+
 int FailingFileCalls::open(const char* path, int flags, mode_t mode)
 {
     return fails("open") ? -1 : PosixFileCalls::open(path, flags, mode);
@@ -44,6 +63,10 @@ int FailingFileCalls::fchmod(int descriptor, mode_t mode)
 
 int FailingFileCalls::fsync(int descriptor)
 {
+    if (m_isHeld) {
+        m_syncs.release();
+        m_gate.acquire();
+    }
     return fails("fsync") ? -1 : PosixFileCalls::fsync(descriptor);
 }
 

@@ -3,16 +3,18 @@
 #include "Platform/linux/PosixFileCalls.h"
 
 #include <QMutex>
+#include <QSemaphore>
 #include <QString>
 #include <QStringList>
 
+#include <atomic>
 #include <optional>
 
 namespace jotwell {
 
 /// The real file system with an edge that fails on demand: one call, counted from the first, gives
 /// an error instead of doing its work. It can also stand for a file system without nameless files
-/// or without exchange.
+/// or without exchange, and for a disk that takes its time.
 class FailingFileCalls : public PosixFileCalls {
 public:
     bool hasNamelessFiles = true;
@@ -23,6 +25,12 @@ public:
     /// Names of the calls made since the last `failAt`, in order.
     [[nodiscard]] const QStringList& calls() const { return m_calls; }
     [[nodiscard]] bool hasFailed() const { return m_hasFailed; }
+
+    /// From now on syncs wait until they are let go, but for the first ones of that number.
+    void hold(int passing = 0);
+    void letGo();
+    /// False if so many syncs don't begin within seconds.
+    [[nodiscard]] bool waitForSyncs(int count);
 
     int open(const char* path, int flags, mode_t mode) override;
     ssize_t write(int descriptor, const void* bytes, std::size_t count) override;
@@ -38,6 +46,9 @@ public:
 private:
     [[nodiscard]] bool fails(const char* call);
 
+    std::atomic<bool> m_isHeld = false;
+    QSemaphore m_syncs;
+    QSemaphore m_gate;
     QMutex m_mutex; ///< calls come from several threads at once
     std::optional<int> m_failing;
     int m_code = 0;

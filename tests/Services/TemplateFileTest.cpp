@@ -62,6 +62,14 @@ TEST_F(TemplateFileTest, KeepsAnotherVersion)
     EXPECT_EQ(in(u"x (conflict 2).md"_qs), "theirs again");
 }
 
+TEST_F(TemplateFileTest, NothingIsWrittenThroughALinkToNowhere)
+{
+    QFile::link(folder.pathOf(u"nowhere"_qs), folder.pathOf(u"x (conflict).md"_qs));
+    put(u"x.md"_qs, "theirs");
+    EXPECT_EQ(written(u"ours"_qs), u"x (conflict 2).md"_qs);
+    EXPECT_EQ(in(u"nowhere"_qs), "absent");
+}
+
 TEST_F(TemplateFileTest, SameTextIsNoConflict)
 {
     put(u"x.md"_qs, "ours");

@@ -82,13 +82,13 @@ bool put(const QString& path, const QByteArray& bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
 }
 
-// By itself a lock is tried again after a tenth of a second and ever more: too late for the user
-// who waits, and for its turn where others write all the time. It is held for milliseconds.
-void lockIfPossible(QLockFile& lock)
+// By itself a QLockFile looks again after a tenth of a second, where a write takes a hundredth. A
+// program that hangs isn't waited for.
+void waitFor(QLockFile& lock)
 {
-    const QDeadlineTimer deadline(500ms);
-    while (!lock.tryLock(0ms) && lock.error() == QLockFile::LockFailedError &&
-           !deadline.hasExpired())
+    constexpr auto patience = 500ms;
+    const QDeadlineTimer end(patience);
+    while (!lock.tryLock(0ms) && lock.error() == QLockFile::LockFailedError && !end.hasExpired())
         QThread::msleep(2);
 }
 
@@ -192,7 +192,7 @@ QStringList IniDefaultsStore::keys() const
 {
     const QMutexLocker lock(&m_mutex);
     load();
-    return mergedValues().keys();
+    return mergedContent().values.keys();
 }
 
 std::optional<DefaultsStore::ValueType> IniDefaultsStore::storedType(const QString& key) const
@@ -214,80 +214,90 @@ QVariant IniDefaultsStore::value(const QString& key) const
     const QMutexLocker lock(&m_mutex);
     load();
     const auto unsaved = m_unsaved.find(key);
-    return unsaved == m_unsaved.end() ? m_fileValues.value(key) : *unsaved;
+    return unsaved == m_unsaved.end() ? m_content.values.value(key) : *unsaved;
 }
 
 void IniDefaultsStore::setValue(const QString& key, const QVariant& value)
 {
-    const QMutexLocker lock(&m_mutex);
+    const QMutexLocker writing(&m_writing);
+    QMutexLocker lock(&m_mutex);
     m_unsaved.insert(key, value);
+    lock.unlock();
+    makeFolder();
+    // Two programs that write at once must not undo one another's keys.
+    QLockFile fileLock(m_filePath + QStringLiteral(".lock"));
+    waitFor(fileLock);
+    lock.relock();
+    load();
+    const Content content = mergedContent();
+    lock.unlock();
+    if (!save(content))
+        return;
+    lock.relock();
+    m_unsaved.clear(); // what stands in the file now is read from there
+}
+
+void IniDefaultsStore::makeFolder() const
+{
     const QString folder = QFileInfo(m_filePath).absolutePath();
     QDir().mkpath(QFileInfo(folder).absolutePath());
     ::mkdir(QFile::encodeName(folder).constData(), S_IRWXU);
-    // Two programs that write at once must not undo one another's keys.
-    QLockFile fileLock(m_filePath + QStringLiteral(".lock"));
-    lockIfPossible(fileLock);
-    load();
-    if (save(mergedValues()))
-        m_unsaved.clear();
 }
 
-// QSettings remembers what a file of that size and time held, so that it is given a copy under a
-// name that it doesn't know; the file itself only where there is no room for one.
 void IniDefaultsStore::load() const
 {
     const FileIdentity identity = identityOnDisk();
     if (identity == m_identity && m_isSettled)
         return;
     rememberIdentity(identity);
-    m_fileValues.clear();
-    m_isDamaged = false;
-    m_isReadable = true;
-    if (identity.size < 0)
-        return;
+    m_content = identity.size < 0 ? Content() : readContent();
+}
+
+// QSettings remembers what a file of that size and time held, so that it is given a copy under a
+// name that it doesn't know; the file itself only where there is no room for one.
+IniDefaultsStore::Content IniDefaultsStore::readContent() const
+{
     const auto bytes = readFile(m_filePath);
     const QTemporaryDir scratch(scratchTemplate());
     const QString copy = scratch.filePath(QStringLiteral("copy.ini"));
     const QSettings settings(bytes && put(copy, *bytes) ? copy : m_filePath, QSettings::IniFormat);
-    m_fileValues = valuesOf(settings);
-    m_isDamaged = settings.status() == QSettings::FormatError;
-    m_isReadable = settings.status() != QSettings::AccessError;
+    Content content;
+    content.values = valuesOf(settings);
+    content.isDamaged = settings.status() == QSettings::FormatError;
+    content.isReadable = settings.status() != QSettings::AccessError;
+    return content;
 }
 
-IniDefaultsStore::Values IniDefaultsStore::mergedValues() const
+IniDefaultsStore::Content IniDefaultsStore::mergedContent() const
 {
-    Values merged = m_fileValues;
+    Content merged = m_content;
     for (auto each = m_unsaved.begin(); each != m_unsaved.end(); ++each) {
         if (each->isValid())
-            merged.insert(each.key(), *each);
+            merged.values.insert(each.key(), *each);
         else
-            merged.remove(each.key());
+            merged.values.remove(each.key());
     }
     return merged;
 }
 
-bool IniDefaultsStore::save(const Values& values)
+bool IniDefaultsStore::save(const Content& content) const
 {
-    const auto bytes = serialized(values);
-    const auto written = bytes ? replaceFile(*bytes) : SystemError{ENOSPC};
-    if (!written) {
+    const auto bytes = serialized(content.values);
+    const auto written = bytes ? replaceFile(*bytes, content) : SystemError{ENOSPC};
+    if (!written)
         logError(logCategory,
                  QStringLiteral("The settings can't be written: ") + written.error().description());
-        return false;
-    }
-    m_fileValues = values;
-    rememberIdentity(identityOnDisk());
-    m_isDamaged = false;
-    return true;
+    return static_cast<bool>(written);
 }
 
 // What couldn't be read may be worth something to its owner: a file that can't be opened stays as
 // it is, and a damaged one is moved aside first.
-Result<void, SystemError> IniDefaultsStore::replaceFile(const QByteArray& bytes) const
+Result<void, SystemError> IniDefaultsStore::replaceFile(const QByteArray& bytes,
+                                                        const Content& content) const
 {
-    if (!m_isReadable)
+    if (!content.isReadable)
         return SystemError{EACCES};
-    if (!m_isDamaged)
+    if (!content.isDamaged)
         return m_file.write(m_filePath, bytes, AtomicFile::Permissions::ownerOnly);
     const QByteArray path = QFile::encodeName(m_filePath);
     const QByteArray aside = QFile::encodeName(freeNameForDamagedFile());

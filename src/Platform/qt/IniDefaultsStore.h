@@ -13,7 +13,8 @@ namespace jotwell {
 
 /// The settings as an INI file of QSettings, private to the user. A reading never writes. A write
 /// replaces the file whole; if that fails, the value holds for the life of the process and goes out
-/// with the next write that succeeds. Changes that other programs make are seen at the next read.
+/// with the next write that succeeds. A write waits for the disk, a reading never for a write: the
+/// value counts from the call on. Changes that other programs make are seen at the next read.
 class IniDefaultsStore : public DefaultsStore {
 public:
     /// `filePath` and its folder need not exist.
@@ -36,6 +37,12 @@ public:
 private:
     using Values = QMap<QString, QVariant>;
 
+    struct Content {
+        Values values;
+        bool isDamaged = false; ///< there is more than could be made sense of
+        bool isReadable = true; ///< as far as there is a file
+    };
+
     /// What tells one state of the file from the next without reading it.
     struct FileIdentity {
         quint64 device = 0, inode = 0;
@@ -46,10 +53,13 @@ private:
 
     [[nodiscard]] QVariant value(const QString& key) const;
     void setValue(const QString& key, const QVariant& value);
+    void makeFolder() const;
     void load() const;
-    [[nodiscard]] Values mergedValues() const;
-    [[nodiscard]] bool save(const Values& values);
-    [[nodiscard]] Result<void, SystemError> replaceFile(const QByteArray& bytes) const;
+    [[nodiscard]] Content readContent() const;
+    [[nodiscard]] Content mergedContent() const;
+    [[nodiscard]] bool save(const Content& content) const;
+    [[nodiscard]] Result<void, SystemError> replaceFile(const QByteArray& bytes,
+                                                        const Content& content) const;
     [[nodiscard]] QString freeNameForDamagedFile() const;
     [[nodiscard]] FileIdentity identityOnDisk() const;
     void rememberIdentity(const FileIdentity& identity) const;
@@ -57,13 +67,12 @@ private:
     const QString m_filePath;
     FileCalls& m_calls;
     const AtomicFile m_file;
-    mutable QMutex m_mutex;
-    mutable Values m_fileValues;
+    QMutex m_writing;       ///< held by the one write that is under way
+    mutable QMutex m_mutex; ///< for what follows, and never held while the disk syncs
+    mutable Content m_content;
     mutable FileIdentity m_identity;
-    mutable bool m_isSettled = true;  ///< another identity will mean another state of the file
-    mutable bool m_isDamaged = false; ///< holds more than could be made sense of
-    mutable bool m_isReadable = true; ///< as far as it is there
-    Values m_unsaved;                 ///< an invalid value stands for a removed key
+    mutable bool m_isSettled = true; ///< another identity will mean another state of the file
+    Values m_unsaved;                ///< an invalid value stands for a removed key
 };
 
 } // namespace jotwell

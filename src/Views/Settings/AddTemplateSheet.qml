@@ -18,7 +18,7 @@ T.Popup {
     closePolicy: T.Popup.CloseOnEscape
     onAboutToShow: {
         nameField.text = ""
-        contentField.text = ""
+        content.text = ""
     }
     // The item behind it can be named to a screen reader only from outside.
     Component.onCompleted: {
@@ -72,6 +72,14 @@ T.Popup {
             placeholder: "Enter template content..."
             minHeight: Math.max(80, buttons.y - y - titleHeight - 16)
             maxHeight: minHeight
+
+            // As it was entered: see TemplateText.
+            TemplateText {
+                id: content
+
+                document: contentField.input.textDocument
+                onEdited: newText => text = newText
+            }
         }
         Row {
             id: buttons
@@ -88,7 +96,7 @@ T.Popup {
             CustomAccentButton {
                 objectName: "add"
                 title: "Add Template"
-                onAction: sheet.save(nameField.text, contentField.text)
+                onAction: sheet.save(nameField.text, content.text)
             }
         }
     }

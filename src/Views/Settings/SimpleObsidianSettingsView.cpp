@@ -48,7 +48,11 @@ SimpleObsidianSettingsView::~SimpleObsidianSettingsView()
 
 void SimpleObsidianSettingsView::appear()
 {
-    loadObsidianSettings();
+    leaveTemplate(); // an input method may have ended its work after the screen had gone
+    if (m_saver.isBusy())
+        refresh(); // what stands here is newer than what is stored
+    else
+        loadObsidianSettings();
     connect(&m_services.templates, &TemplateSyncService::syncedTemplatesChanged, this,
             &SimpleObsidianSettingsView::refresh, Qt::UniqueConnection);
     connect(qApp, &QGuiApplication::applicationStateChanged, this,
@@ -58,9 +62,9 @@ void SimpleObsidianSettingsView::appear()
 
 void SimpleObsidianSettingsView::disappear()
 {
+    m_panel.reset();
     disconnect(qApp, nullptr, this, nullptr);
     leaveTemplate();
-    m_saver.flush();
     disconnect(&m_services.templates, nullptr, this, nullptr);
     setShowAddTemplate(false);
     setComposing(false);
@@ -98,7 +102,8 @@ void SimpleObsidianSettingsView::chooseTemplatesFolder(QWindow* window)
 {
     const FolderQuestion question{QStringLiteral("Select a folder containing .md template files"),
                                   QStringLiteral("Select Templates Folder"), m_templatesFolderPath};
-    m_services.folders.choose(question, window, this, [this](const QString& path) {
+    m_panel = std::make_unique<QObject>();
+    m_services.folders.choose(question, window, m_panel.get(), [this](const QString& path) {
         m_saver.setFolder(path); // also the one that is set: it is read anew
         m_templatesFolderPath = path;
         emit templatesFolderPathChanged();
@@ -228,15 +233,14 @@ void SimpleObsidianSettingsView::deleteTemplate()
     saveObsidianSettings();
 }
 
-// A text that isn't in its file by now can't be written there.
+// Whether its text gets into the file is told later; until then it counts as being there.
 void SimpleObsidianSettingsView::leaveTemplate()
 {
     if (!m_file)
         return;
     saveFile();
-    m_saver.flush();
-    if (m_file)
-        keepUnsaved();
+    m_file.reset();
+    m_services.templates.setContent(m_selected->id, m_selected->content);
 }
 
 void SimpleObsidianSettingsView::saveFile()
@@ -245,17 +249,16 @@ void SimpleObsidianSettingsView::saveFile()
     saveObsidianSettings();
 }
 
-void SimpleObsidianSettingsView::keepUnsaved()
+void SimpleObsidianSettingsView::keepUnsaved(const ObsidianTemplate& value)
 {
-    m_file.reset();
-    ObsidianTemplate kept = *m_selected;
+    ObsidianTemplate kept = value;
     kept.id = QUuid::createUuid();
     kept.name += QStringLiteral(" (unsaved)");
     kept.type = TemplateType::regular();
     m_templates.append(kept);
     m_saver.change(TemplateChange{TemplateChange::Kind::added, kept, 0});
     saveObsidianSettings();
-    updateTabs();
+    m_services.templates.loadInBackground(); // its file has another text
 }
 
 // The one that has taken the place of the one before, or the last one.
@@ -283,8 +286,8 @@ void SimpleObsidianSettingsView::refreshWhenActive(Qt::ApplicationState state)
         return;
     if (m_file)
         saveFile();
-    m_saver.flush();
-    m_templates = m_services.settings.obsidianTemplates();
+    if (!m_saver.isBusy())
+        m_templates = m_services.settings.obsidianTemplates();
     refresh();
     m_services.templates.loadInBackground();
 }
@@ -332,14 +335,13 @@ void SimpleObsidianSettingsView::updateTabs()
 void SimpleObsidianSettingsView::takeOver(const TemplateSaved& saved)
 {
     for (const TemplateSaved::File& file : saved.files)
-        takeOver(file);
+        file.outcome ? takeOver(file) : takeFailure(file);
     for (auto each = saved.what.shown.begin(); each != saved.what.shown.end(); ++each)
         m_services.templates.setShowInDropdown(each.key(), each.value());
     if (saved.what.folder)
         m_services.templates.followFolder();
-    if (m_saver.hasMore() || m_templates == saved.templates)
-        return;
-    m_templates = saved.templates;
+    if (!m_saver.isBusy())
+        m_templates = saved.templates;
     refresh();
 }
 
@@ -347,19 +349,24 @@ void SimpleObsidianSettingsView::takeOver(const TemplateSaved::File& file)
 {
     const ObsidianTemplate& written = file.change.value;
     const bool isSelected = file.change.file == m_file;
-    if (!file.outcome) {
-        if (isSelected)
-            setNotice(failureText(file.outcome.error()), true);
-        return;
-    }
     const std::optional<QString>& kept = *file.outcome;
     if (isSelected && m_selected->content == written.content)
         m_file.reset();
     if (isSelected && (kept || m_hasFailed))
         setNotice(kept ? conflictText(*kept) : QString());
-    m_services.templates.setContent(written.id, written.content);
+    if (!m_saver.isBusyWith(file.change.file))
+        m_services.templates.setContent(written.id, written.content);
     if (kept)
         m_services.templates.loadInBackground();
+}
+
+// A template that the user has left has no field to keep its text.
+void SimpleObsidianSettingsView::takeFailure(const TemplateSaved::File& file)
+{
+    if (file.change.file == m_file)
+        setNotice(failureText(file.outcome.error()), true);
+    else if (!m_saver.isBusyWith(file.change.file))
+        keepUnsaved(file.change.value);
 }
 
 void SimpleObsidianSettingsView::setNotice(const QString& notice, bool isFailure)

@@ -27,7 +27,8 @@ struct TemplateSettingsServices {
 /// shown here unless the user is in the middle of an edit. A text whose file has been changed by
 /// others meanwhile takes its place all the same, and their version is kept beside it, see
 /// `TemplateFile`. A text that can't be written to its file stays in the field, is tried again with
-/// each edit, and becomes a template of the user's own when they leave it.
+/// each edit, and becomes a template of the user's own when they leave it. Only the end of the
+/// screen waits for the disk.
 class SimpleObsidianSettingsView : public SettingsScreen {
     Q_OBJECT
     QML_NAMED_ELEMENT(SimpleObsidianSettingsState)
@@ -118,12 +119,13 @@ private:
     void edit(TemplateChange::Field field, const ObsidianTemplate& edited);
     void saveFile();
     void leaveTemplate();
-    void keepUnsaved();
+    void keepUnsaved(const ObsidianTemplate& value);
     void refresh();
     void refreshWhenActive(Qt::ApplicationState state);
     void updateTabs();
     void takeOver(const TemplateSaved& saved);
     void takeOver(const TemplateSaved::File& file);
+    void takeFailure(const TemplateSaved::File& file);
     void setNotice(const QString& notice, bool isFailure = false);
 
     TemplateSettingsServices m_services;
@@ -136,7 +138,8 @@ private:
     bool m_showAddTemplate = false;
     bool m_isComposing = false;
     QString m_notice;
-    bool m_hasFailed = false; ///< is what the notice tells
+    bool m_hasFailed = false;         ///< is what the notice tells
+    std::unique_ptr<QObject> m_panel; ///< the panel closes with it
     TemplateSaver m_saver;
 };
 

@@ -37,6 +37,12 @@ void SimpleSettingsView::select(int row)
     emit selectedItemChanged();
 }
 
+void SimpleSettingsView::leave()
+{
+    screen().disappear();
+    m_newNote.waitUntilStored();
+}
+
 SettingsScreen& SimpleSettingsView::screen()
 {
     if (const auto command = selectedCommand())

@@ -60,8 +60,8 @@ public:
 
     /// The user has chosen that row; rows that aren't there are passed over.
     Q_INVOKABLE void select(int row);
-    /// The window closes: no screen is on show any more.
-    void leave() { screen().disappear(); }
+    /// The window closes: no screen is on show any more, and what was changed is stored.
+    void leave();
 
 signals:
     void selectedItemChanged();

@@ -84,6 +84,7 @@ Column {
                 document: area.input.textDocument
                 text: fields.screen.editingTemplateContent
                 owner: fields.owner
+                onOwnerChanged: area.input.cursorPosition = 0
                 onEdited: newText => fields.screen.editingTemplateContent = newText
             }
         }

@@ -21,9 +21,9 @@ void storeTemplates(const TemplateSave& save, SettingsService& settings,
 }
 
 // A value that is stored already is left alone: each write is one of the whole file.
-TemplateSaved stored(const TemplateSave& save, SettingsService& settings)
+void store(TemplateSaved& outcome, SettingsService& settings)
 {
-    TemplateSaved outcome{save, {}, {}};
+    const TemplateSave& save = outcome.what;
     if (save.folder && *save.folder != settings.templatesFolderPath())
         settings.setTemplatesFolderPath(*save.folder);
     if (save.storesAll)
@@ -35,7 +35,11 @@ TemplateSaved stored(const TemplateSave& save, SettingsService& settings)
         settings.setSyncedTemplateShowInDropdown(each.key(), each.value());
     if (save.lastUsed != settings.lastUsedTemplateId())
         settings.setLastUsedTemplateId(save.lastUsed);
-    return outcome;
+}
+
+auto textFor(const std::shared_ptr<TemplateFile>& file)
+{
+    return [&file](const TemplateFileChange& each) { return each.file == file; };
 }
 
 } // namespace
@@ -54,12 +58,19 @@ TemplateSaver::~TemplateSaver()
 void TemplateSaver::change(const TemplateFileChange& change)
 {
     const auto same =
-        std::find_if(m_waiting.files.begin(), m_waiting.files.end(),
-                     [&change](const auto& each) { return each.file == change.file; });
+        std::find_if(m_waiting.files.begin(), m_waiting.files.end(), textFor(change.file));
     if (same == m_waiting.files.end())
         m_waiting.files.append(change);
     else
         *same = change;
+}
+
+bool TemplateSaver::isBusyWith(const std::shared_ptr<TemplateFile>& file) const
+{
+    const auto isIn = [&file](const QList<TemplateFileChange>& files) {
+        return std::any_of(files.begin(), files.end(), textFor(file));
+    };
+    return isIn(m_waiting.files) || (m_running && isIn(m_running->what.files));
 }
 
 void TemplateSaver::save(const std::optional<QUuid>& lastUsed)
@@ -84,8 +95,9 @@ void TemplateSaver::start()
     if (m_running || !m_waiting.isAsked)
         return;
     m_running = std::make_shared<TemplateSaved>();
-    auto work = [settings = &m_settings, save = std::exchange(m_waiting, {}), outcome = m_running] {
-        *outcome = stored(save, *settings);
+    m_running->what = std::exchange(m_waiting, {});
+    auto work = [settings = &m_settings, outcome = m_running] {
+        store(*outcome, *settings);
         return true;
     };
     QCoro::connect(inBackground(m_thread, std::move(work)), this,

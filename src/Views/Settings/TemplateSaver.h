@@ -65,8 +65,10 @@ public:
     /// Comes back when all of it is stored, and `saved` is told.
     void flush();
 
-    /// More has been handed in since the save that is told.
-    [[nodiscard]] bool hasMore() const { return m_waiting.isAsked; }
+    /// Not all that was handed in is stored, and told to be.
+    [[nodiscard]] bool isBusy() const { return m_running || m_waiting.isAsked; }
+    /// Neither is a text for that file.
+    [[nodiscard]] bool isBusyWith(const std::shared_ptr<TemplateFile>& file) const;
 
 signals:
     void saved(const jotwell::TemplateSaved& outcome);
@@ -78,7 +80,7 @@ private:
     SettingsService& m_settings;
     QThreadPool m_thread;
     TemplateSave m_waiting;
-    std::shared_ptr<TemplateSaved> m_running; ///< its outcome, once the thread is done
+    std::shared_ptr<TemplateSaved> m_running; ///< what is stored; the rest once the thread is done
 };
 
 } // namespace jotwell

@@ -190,6 +190,14 @@ TEST_F(SettingsWindowControllerTest, PathThatIsBeingTypedIsStoredThoughTheProgra
     EXPECT_EQ(bench.vaultPath(), QStringLiteral("/vault"));
 }
 
+TEST_F(SettingsWindowControllerTest, TemplateIsStoredOnceTheWindowCloses)
+{
+    show(QStringLiteral("/new_note"));
+    view().newNote()->setEditingTemplateContent(QStringLiteral("typed"));
+    controller.settingsWindow()->close();
+    EXPECT_EQ(bench.settings.obsidianTemplates().first().content, QStringLiteral("typed"));
+}
+
 TEST_F(SettingsWindowControllerTest, PanelClosesWithTheWindow)
 {
     show(obsidianVault);

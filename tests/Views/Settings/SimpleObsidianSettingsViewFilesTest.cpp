@@ -119,6 +119,15 @@ TEST_F(SyncedTemplateSettings, FileWrittenInPlaceIsShownWhenTheUserComesBack)
     EXPECT_EQ(view->editingTemplateContent(), u"theirs"_qs);
 }
 
+TEST_F(SyncedTemplateSettings, FileWrittenInPlaceIsShownWhenTheScreenComesBack)
+{
+    put(u"x"_qs, "theirs");
+    view->disappear();
+    view->appear();
+    settle();
+    EXPECT_EQ(view->editingTemplateContent(), u"theirs"_qs);
+}
+
 TEST_F(SyncedTemplateSettings, UnseenChangeIsKeptBesideTheUsersText)
 {
     put(u"x"_qs, "theirs");
@@ -179,6 +188,7 @@ TEST_F(SyncedTemplateSettings, UnsavedTextIsTriedAgainWhenTheUserComesBack)
     settle();
     QDir().mkpath(folder.path());
     emit qApp->applicationStateChanged(Qt::ApplicationActive);
+    settle();
     EXPECT_EQ(inFile(u"x"_qs), "typed");
 }
 
@@ -200,6 +210,128 @@ TEST_F(SyncedTemplateSettings, UnsavedTextOutlivesTheScreen)
     view->setEditingTemplateContent(u"typed"_qs);
     view.reset();
     EXPECT_EQ(settings.obsidianTemplates().last().content, u"typed"_qs);
+}
+
+TEST_F(SyncedTemplateSettings, NobodyWaitsForTheDisk)
+{
+    fake.files.hold();
+    view->setEditingTemplateContent(u"typed"_qs);
+    ASSERT_TRUE(fake.files.waitForSyncs(1));
+    select(u"y"_qs);
+    select(u"x"_qs);
+    EXPECT_EQ(view->editingTemplateContent(), u"typed"_qs);
+    view->setEditingTemplateContent(u"typed on"_qs);
+    emit qApp->applicationStateChanged(Qt::ApplicationActive);
+    view->disappear();
+    view->appear();
+    EXPECT_EQ(view->editingTemplateName(), u"x"_qs);
+    EXPECT_EQ(view->editingTemplateContent(), u"typed on"_qs);
+    EXPECT_NE(inFile(u"x"_qs), "typed on") << "nothing of it is stored by now";
+    fake.files.letGo();
+    settle();
+    EXPECT_EQ(inFile(u"x"_qs), "typed on");
+    EXPECT_EQ(view->editingTemplateContent(), u"typed on"_qs);
+    EXPECT_FALSE(inFile(u"x (conflict)"_qs));
+    EXPECT_EQ(settings.obsidianTemplates(), stored);
+}
+
+TEST_F(SyncedTemplateSettings, ComingBackBeforeAllIsStoredShowsWhatIsNewer)
+{
+    fake.files.hold();
+    view->setEditingTemplateContent(u"typed"_qs);
+    ASSERT_TRUE(fake.files.waitForSyncs(1));
+    select(u"b"_qs);
+    view->setEditingTemplateContent(u"newer"_qs);
+    view->disappear();
+    view->appear();
+    EXPECT_EQ(view->editingTemplateName(), u"b"_qs);
+    EXPECT_EQ(view->editingTemplateContent(), u"newer"_qs);
+    emit qApp->applicationStateChanged(Qt::ApplicationActive);
+    EXPECT_EQ(view->editingTemplateContent(), u"newer"_qs);
+    fake.files.letGo();
+    settle();
+    EXPECT_EQ(settings.obsidianTemplates()[1].content, u"newer"_qs);
+}
+
+TEST_F(SyncedTemplateSettings, EarlierTextDoesNotComeBackWhileALaterOneIsStored)
+{
+    fake.files.hold(2);
+    view->setEditingTemplateContent(u"typed"_qs);
+    ASSERT_TRUE(fake.files.waitForSyncs(2));
+    view->setEditingTemplateContent(u"typed on"_qs);
+    select(u"y"_qs);
+    select(u"x"_qs);
+    const QSignalSpy changes(view.get(), &SimpleObsidianSettingsView::editingChanged);
+    fake.files.letGo();
+    settle();
+    EXPECT_TRUE(changes.isEmpty());
+    EXPECT_EQ(inFile(u"x"_qs), "typed on");
+}
+
+TEST_F(SyncedTemplateSettings, EarlierTextDoesNotComeBackUnderTheUsersHands)
+{
+    fake.files.hold(2);
+    view->setEditingTemplateContent(u"typed"_qs);
+    ASSERT_TRUE(fake.files.waitForSyncs(2));
+    view->setEditingTemplateContent(u"typed on"_qs);
+    const QSignalSpy changes(view.get(), &SimpleObsidianSettingsView::editingChanged);
+    fake.files.letGo();
+    settle();
+    EXPECT_TRUE(changes.isEmpty());
+    EXPECT_EQ(inFile(u"x"_qs), "typed on");
+}
+
+TEST_F(SyncedTemplateSettings, SaveIsTakenForDoneOnceItIs)
+{
+    view->setEditingTemplateContent(u"one"_qs);
+    view->waitUntilStored();
+    fake.files.hold();
+    view->setEditingTemplateContent(u"two"_qs);
+    ASSERT_TRUE(fake.files.waitForSyncs(1));
+    QCoreApplication::processEvents(); // the end of the first one comes by here as well
+    fake.files.letGo();
+    settle();
+    put(u"x"_qs, "theirs");
+    touch();
+    EXPECT_EQ(view->editingTemplateContent(), u"theirs"_qs) << "nobody is in the middle of an edit";
+}
+
+TEST_F(SyncedTemplateSettings, TextThatFailsAfterItWasLeftIsKeptOnce)
+{
+    QDir(folder.path()).removeRecursively();
+    view->setEditingTemplateContent(u"typed"_qs);
+    view->setEditingTemplateContent(u"typed on"_qs);
+    select(u"b"_qs);
+    settle();
+    EXPECT_THAT(storedNames(), ElementsAre(u"a"_qs, u"b"_qs, u"c"_qs, u"x (unsaved)"_qs));
+    EXPECT_EQ(tabs(), storedNames()) << "that of the file has gone with it";
+    EXPECT_EQ(settings.obsidianTemplates().last().content, u"typed on"_qs);
+    EXPECT_EQ(view->editingTemplateName(), u"b"_qs);
+}
+
+TEST_F(SyncedTemplateSettings, TextThatCameAfterTheScreenHadGoneIsKept)
+{
+    view->disappear();
+    QDir(folder.path()).removeRecursively();
+    view->setEditingTemplateContent(u"composed"_qs);
+    settle();
+    view->appear();
+    settle();
+    EXPECT_EQ(settings.obsidianTemplates().last().content, u"composed"_qs);
+}
+
+TEST_F(SyncedTemplateSettings, TemplateOfTheFolderBeforeIsLeftOnceItIsStored)
+{
+    fake.files.hold();
+    view->setEditingTemplateContent(u"typed"_qs);
+    ASSERT_TRUE(fake.files.waitForSyncs(1));
+    settings.setTemplatesFolderPath(QString());
+    templates.followFolder();
+    EXPECT_EQ(view->editingTemplateContent(), u"typed"_qs) << "in the middle of an edit";
+    fake.files.letGo();
+    settle();
+    EXPECT_EQ(inFile(u"x"_qs), "typed");
+    EXPECT_EQ(view->editingTemplateName(), u"a"_qs);
 }
 
 TEST_F(SyncedTemplateSettings, NothingComesInWhileAnInputMethodIsAtWork)
@@ -250,6 +382,15 @@ TEST_F(TemplateSettingsTest, CancelledPanelChangesNothing)
     folders.cancel();
     settle();
     EXPECT_THAT(fake.defaults.keys(), ElementsAre(u"ObsidianTemplates"_qs));
+}
+
+TEST_F(TemplateSettingsTest, PanelClosesWithTheScreen)
+{
+    appear();
+    view->chooseTemplatesFolder(nullptr);
+    EXPECT_TRUE(folders.isOpen());
+    view->disappear();
+    EXPECT_FALSE(folders.isOpen());
 }
 
 TEST_F(TemplateSettingsTest, TypedFolderIsFollowedAndAnEmptiedOneLeft)

@@ -83,7 +83,18 @@ TEST_F(TemplateSettingsTest, FastTypingEndsWithTheLastText)
         view->setEditingTemplateContent(text);
     }
     view->disappear();
+    view->waitUntilStored();
     EXPECT_EQ(settings.obsidianTemplates().first().content, text);
+}
+
+TEST_F(TemplateSettingsTest, ScreenThatHasGoneIsNeitherAskingNorComposing)
+{
+    appear();
+    view->setShowAddTemplate(true);
+    view->setComposing(true);
+    view->disappear();
+    EXPECT_FALSE(view->showAddTemplate());
+    EXPECT_FALSE(view->isComposing());
 }
 
 TEST_F(TemplateSettingsTest, LastEditIsStoredThoughTheScreenGoes)

@@ -112,6 +112,16 @@ TEST_F(TemplateTextTest, CompositionIsNotInterrupted)
     EXPECT_EQ(edits.size(), 0);
 }
 
+TEST_F(TemplateTextTest, AnothersTextComesInDuringAComposition)
+{
+    text.setText(u"abc"_qs);
+    setCursor(3);
+    compose(u"あ"_qs);
+    text.setText(u"another"_qs);
+    text.setOwner(u"another"_qs);
+    EXPECT_EQ(shown(), u"another"_qs);
+}
+
 TEST_F(TemplateTextTest, CommittedTextIsAnEdit)
 {
     text.setText(u"abc"_qs);

@@ -152,6 +152,15 @@ TestCase {
         compare(field("newContent").text, "")
     }
 
+    // A text area tells a no-break blank as another.
+    function test_text_as_entered() {
+        const entered = "10\u00a0km"
+        field("newContent").insert(0, entered)
+        mouseClick(part("add"))
+        verifyClosed()
+        compare(screen.editingTemplateContent, entered)
+    }
+
     function test_no_name() {
         mouseClick(part("add"))
         verifyClosed()

@@ -142,6 +142,18 @@ TestCase {
         compare(screen.editingTemplateName, "Daily Notex")
     }
 
+    function test_long_text_is_shown_from_its_beginning() {
+        open()
+        const content = "line\n".repeat(100)
+        screen.addTemplate("Long", content)
+        screen.selectTab(screen.tabs.idOfRow(0))
+        mouseClick(tab(3))
+        tryCompare(field("contentField"), "text", content)
+        wait(50)
+        compare(field("contentField").cursorPosition, 0)
+        compare(findChild(part("contentField"), "flickable").contentY, 0)
+    }
+
     function test_deletion_by_key() {
         open()
         const trash = findChild(part("nameField"), "button")
