@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDBusMessage>
 #include <QString>
 
 namespace jotwell::DesktopPortal {
@@ -14,6 +15,16 @@ inline const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 [[nodiscard]] inline bool isOfUse()
 {
     return !qEnvironmentVariableIsEmpty("XDG_CURRENT_DESKTOP");
+}
+
+/// A call to a portal, which is started for it if it is of use.
+[[nodiscard]] inline QDBusMessage call(const QString& interface, const QString& method,
+                                       const QVariantList& arguments)
+{
+    auto message = QDBusMessage::createMethodCall(service, path, interface, method);
+    message.setAutoStartService(isOfUse());
+    message.setArguments(arguments);
+    return message;
 }
 
 } // namespace jotwell::DesktopPortal

@@ -76,10 +76,9 @@ bool PortalAppearance::eventFilter(QObject* watched, QEvent* event)
 
 void PortalAppearance::ask()
 {
-    auto question = QDBusMessage::createMethodCall(DesktopPortal::service, DesktopPortal::path,
-                                                   interface, QStringLiteral("ReadAll"));
-    question.setAutoStartService(DesktopPortal::isOfUse());
-    question.setArguments({QStringList{appearanceGroup, accessibilityGroup}});
+    const QStringList groups{appearanceGroup, accessibilityGroup};
+    const QDBusMessage question =
+        DesktopPortal::call(interface, QStringLiteral("ReadAll"), {groups});
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();

@@ -22,16 +22,6 @@ const QString fileChooser = QStringLiteral("org.freedesktop.portal.FileChooser")
 
 constexpr uint firstWithFolders = 3; // earlier ones would let the user choose a file
 
-QDBusMessage portalCall(const QString& interface, const QString& method,
-                        const QVariantList& arguments)
-{
-    auto message = QDBusMessage::createMethodCall(DesktopPortal::service, DesktopPortal::path,
-                                                  interface, method);
-    message.setAutoStartService(DesktopPortal::isOfUse());
-    message.setArguments(arguments);
-    return message;
-}
-
 // A window's name for other programs, as far as its system gives it one.
 QString sharedNameOf(const QWindow* window)
 {
@@ -71,8 +61,8 @@ void PortalFolderPanel::choose(const FolderQuestion& question, QWindow* parent, 
 void PortalFolderPanel::askVersion()
 {
     const auto question =
-        portalCall(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-                   {fileChooser, QStringLiteral("version")});
+        DesktopPortal::call(QStringLiteral("org.freedesktop.DBus.Properties"),
+                            QStringLiteral("Get"), {fileChooser, QStringLiteral("version")});
     const auto call = m_bus.asyncCall(question, static_cast<int>(m_patience.count()));
     auto* watcher = new QDBusPendingCallWatcher(call, this);
     connect(watcher, &QDBusPendingCallWatcher::finished, watcher, &QObject::deleteLater);
@@ -98,7 +88,7 @@ void PortalFolderPanel::open()
             [this](const QWindow* window) { m_hasTakenKeyboard |= window == nullptr; });
     m_request.reset(new PortalRequest(m_bus, token));
     m_request->call(
-        portalCall(fileChooser, QStringLiteral("OpenFile"), arguments),
+        DesktopPortal::call(fileChooser, QStringLiteral("OpenFile"), arguments),
         [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
             takeAnswer(outcome, results);
         },

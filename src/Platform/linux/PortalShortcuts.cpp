@@ -22,16 +22,6 @@ const QString sessionInterface = QStringLiteral("org.freedesktop.portal.Session"
 const QString registryInterface = QStringLiteral("org.freedesktop.host.portal.Registry");
 const QString applicationId = QStringLiteral("com.jotwell.Jotwell");
 
-QDBusMessage question(const QString& interface, const QString& method,
-                      const QVariantList& arguments)
-{
-    auto message = QDBusMessage::createMethodCall(DesktopPortal::service, DesktopPortal::path,
-                                                  interface, method);
-    message.setAutoStartService(DesktopPortal::isOfUse());
-    message.setArguments(arguments);
-    return message;
-}
-
 // A connection of our own: a portal takes a program for the one that its first word came from.
 QDBusConnection ownConnection()
 {
@@ -136,8 +126,8 @@ QString PortalShortcuts::forgetSession()
 void PortalShortcuts::introduceProgram()
 {
     m_introduction = std::make_unique<QObject>();
-    const auto call = m_bus.asyncCall(
-        question(registryInterface, QStringLiteral("Register"), {applicationId, QVariantMap()}));
+    const auto call = m_bus.asyncCall(DesktopPortal::call(
+        registryInterface, QStringLiteral("Register"), {applicationId, QVariantMap()}));
     auto* watcher = new QDBusPendingCallWatcher(call, m_introduction.get());
     connect(watcher, &QDBusPendingCallWatcher::finished, m_introduction.get(),
             [this] { createSession(); });
@@ -149,7 +139,7 @@ void PortalShortcuts::createSession()
     const QVariantMap options{{QStringLiteral("handle_token"), token},
                               {QStringLiteral("session_handle_token"), token}};
     m_request.reset(new PortalRequest(m_bus, token));
-    m_request->call(question(interface, QStringLiteral("CreateSession"), {options}),
+    m_request->call(DesktopPortal::call(interface, QStringLiteral("CreateSession"), {options}),
                     [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
                         m_session = results.value(QStringLiteral("session_handle")).toString();
                         if (outcome == PortalRequest::Outcome::granted && !m_session.isEmpty())
@@ -172,7 +162,7 @@ void PortalShortcuts::bind()
                                  QVariant::fromValue(QList<PortalShortcut>{shortcut}), QString(),
                                  QVariantMap{{QStringLiteral("handle_token"), token}}};
     m_request.reset(new PortalRequest(m_bus, token));
-    m_request->call(question(interface, QStringLiteral("BindShortcuts"), arguments),
+    m_request->call(DesktopPortal::call(interface, QStringLiteral("BindShortcuts"), arguments),
                     [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
                         takeBinding(outcome, results);
                     });
