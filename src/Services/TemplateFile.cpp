@@ -32,12 +32,11 @@ Result<std::optional<QString>, SystemError> TemplateFile::write(const QString& t
     const auto stored = readFile(m_path);
     if (!stored && stored.error().code != ENOENT)
         return stored.error();
-    std::optional<QString> other;
     if (stored && *stored != m_known && *stored != bytes) {
         const auto kept = keepOther(*stored);
         if (!kept)
             return kept.error();
-        other = *kept;
+        m_kept = *kept;
         m_known = *stored; // should its place not be taken now, it isn't kept again
     }
     if (!stored || *stored != bytes) {
@@ -45,7 +44,7 @@ Result<std::optional<QString>, SystemError> TemplateFile::write(const QString& t
             return written.error();
     }
     m_known = bytes;
-    return other;
+    return std::exchange(m_kept, std::nullopt);
 }
 
 Result<std::optional<QString>, SystemError> TemplateFile::keepOther(const QByteArray& stored)

@@ -18,10 +18,8 @@ public:
     /// `known` is the text that the user's edits begin with.
     TemplateFile(QString path, const QString& known, AtomicFile files);
 
-    [[nodiscard]] const QString& path() const { return m_path; }
-
     /// Saves `text`, also if the file has gone. Gives the path of the other version that was there,
-    /// if there was one. On a failure the file is as it was.
+    /// if there was one since the last success. On a failure the file is as it was.
     [[nodiscard]] Result<std::optional<QString>, SystemError> write(const QString& text);
 
 private:
@@ -29,7 +27,8 @@ private:
     [[nodiscard]] QString freePathBeside() const;
 
     QString m_path;
-    QByteArray m_known; ///< what is in the file as far as we know
+    QByteArray m_known;            ///< what is in the file as far as we know
+    std::optional<QString> m_kept; ///< another version, of which nobody has been told yet
     AtomicFile m_files;
 };
 

@@ -82,7 +82,7 @@ ObsidianTemplates TemplateSyncService::syncedTemplates() const
 void TemplateSyncService::loadSyncedTemplates()
 {
     ++m_loads;
-    setSyncedTemplates(
+    takeReading(
         templatesIn(m_settings.templatesFolderPath(), m_settings.getSyncedTemplatePreferences()));
 }
 
@@ -138,7 +138,7 @@ void TemplateSyncService::loadInBackground()
     QCoro::connect(inBackground(m_platform.background, std::move(work)), this,
                    [this, load = ++m_loads](const ObsidianTemplates& templates) {
                        if (load == m_loads)
-                           setSyncedTemplates(templates);
+                           takeReading(templates);
                        m_isReloading = false;
                        if (std::exchange(m_reloadsAgain, false))
                            loadInBackground();
@@ -158,7 +158,20 @@ Result<void, TemplateSaveError> TemplateSyncService::saveTemplate(const Obsidian
 
 void TemplateSyncService::setContent(const QUuid& templateId, const QString& content)
 {
+    m_comingContents.remove(templateId);
     change(templateId, [&content](ObsidianTemplate& each) { each.content = content; });
+}
+
+void TemplateSyncService::setComingContent(const QUuid& templateId, const QString& content)
+{
+    setContent(templateId, content);
+    m_comingContents.insert(templateId, content);
+}
+
+void TemplateSyncService::forgetComingContent(const QUuid& templateId)
+{
+    m_comingContents.remove(templateId);
+    loadInBackground();
 }
 
 void TemplateSyncService::setShowInDropdown(const QUuid& templateId, bool showInDropdown)
@@ -180,6 +193,13 @@ void TemplateSyncService::change(const QUuid& templateId,
         return;
     change(*found);
     setSyncedTemplates(templates);
+}
+
+void TemplateSyncService::takeReading(ObsidianTemplates templates)
+{
+    for (ObsidianTemplate& each : templates)
+        each.content = m_comingContents.value(each.id, each.content);
+    setSyncedTemplates(std::move(templates));
 }
 
 void TemplateSyncService::setSyncedTemplates(ObsidianTemplates templates)

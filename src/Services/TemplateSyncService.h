@@ -5,6 +5,7 @@
 #include "Support/AtomicFile.h"
 #include "Support/Result.h"
 
+#include <QHash>
 #include <QMutex>
 #include <QObject>
 
@@ -61,6 +62,9 @@ public:
     [[nodiscard]] Result<void, TemplateSaveError> saveTemplate(const ObsidianTemplate& value);
     // What others of this process have stored of a template of the list, without another reading.
     void setContent(const QUuid& templateId, const QString& content);
+    /// It is on its way to the file: no reading takes it back until it is set or forgotten.
+    void setComingContent(const QUuid& templateId, const QString& content);
+    void forgetComingContent(const QUuid& templateId);
     void setShowInDropdown(const QUuid& templateId, bool showInDropdown);
     /// For whoever writes such a file.
     [[nodiscard]] const AtomicFile& files() const { return m_files; }
@@ -74,6 +78,7 @@ signals:
 private:
     void watchFolder(const QString& folder);
     void change(const QUuid& templateId, const std::function<void(ObsidianTemplate&)>& change);
+    void takeReading(ObsidianTemplates templates);
     void setSyncedTemplates(ObsidianTemplates templates);
 
     const Platform& m_platform;
@@ -82,6 +87,7 @@ private:
     std::unique_ptr<FileSystemMonitor> m_folderMonitor;
     mutable QMutex m_mutex;
     ObsidianTemplates m_syncedTemplates; ///< under the mutex
+    QHash<QUuid, QString> m_comingContents;
     bool m_isReloading = false;
     bool m_reloadsAgain = false;
     int m_loads = 0; ///< tells a late reading from the latest

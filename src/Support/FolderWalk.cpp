@@ -1,5 +1,7 @@
 #include "Support/FolderWalk.h"
 
+#include <QDir>
+
 #include <cerrno>
 #include <condition_variable>
 #include <cstring>
@@ -180,6 +182,13 @@ QString pathBelow(const QString& folder, const QString& name)
     while (length > 0 && folder[length - 1] == u'/')
         --length;
     return folder.first(length) + u'/' + name;
+}
+
+QString withHome(const QString& path)
+{
+    if (path == u'~' || path.startsWith(QLatin1String("~/")))
+        return QDir::homePath() + path.sliced(1);
+    return path;
 }
 
 } // namespace jotwell

@@ -62,4 +62,7 @@ Result<void, SystemError> walkFolder(const QString& folder, const std::vector<Fo
 /// `name` below `folder`, with one slash between them.
 [[nodiscard]] QString pathBelow(const QString& folder, const QString& name);
 
+/// A path as it is typed in a shell, in which "~" at the beginning is the user's home.
+[[nodiscard]] QString withHome(const QString& path);
+
 } // namespace jotwell

@@ -40,10 +40,9 @@ void FailingFileCalls::letGo()
     m_gate.release(all);
 }
 
-bool FailingFileCalls::waitForSyncs(int count)
+bool FailingFileCalls::waitForSyncs(int count, std::chrono::milliseconds patience)
 {
-    constexpr int patience = 5000; // milliseconds
-    return m_syncs.tryAcquire(count, patience);
+    return m_syncs.tryAcquire(count, static_cast<int>(patience.count()));
 }
 
 int FailingFileCalls::open(const char* path, int flags, mode_t mode)

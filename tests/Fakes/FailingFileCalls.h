@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <atomic>
+#include <chrono>
 #include <optional>
 
 namespace jotwell {
@@ -29,8 +30,9 @@ public:
     /// From now on syncs wait until they are let go, but for the first ones of that number.
     void hold(int passing = 0);
     void letGo();
-    /// False if so many syncs don't begin within seconds.
-    [[nodiscard]] bool waitForSyncs(int count);
+    /// False if so many more syncs don't begin within that time.
+    [[nodiscard]] bool waitForSyncs(int count,
+                                    std::chrono::milliseconds patience = std::chrono::seconds(5));
 
     int open(const char* path, int flags, mode_t mode) override;
     ssize_t write(int descriptor, const void* bytes, std::size_t count) override;

@@ -109,7 +109,9 @@ TEST_F(TemplateFileTest, FailureAtAnyCallLosesNeitherText)
         if (!succeeded) {
             EXPECT_EQ(in(u"x.md"_qs), "theirs") << call;
             calls.failAt(std::nullopt, 0);
-            EXPECT_TRUE(each.write(u"ours"_qs).ok());
+            const auto again = each.write(u"ours"_qs);
+            ASSERT_TRUE(again.ok());
+            EXPECT_EQ(*again, folder.pathOf(u"x (conflict).md"_qs)) << "it hasn't been told yet";
         }
         EXPECT_EQ(in(u"x.md"_qs), "ours") << call;
         EXPECT_EQ(in(u"x (conflict).md"_qs), "theirs") << call;

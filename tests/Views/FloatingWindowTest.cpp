@@ -96,7 +96,7 @@ TEST_F(FloatingWindowTest, ComesBackFromAnIcon)
     const QSignalSpy visible(&window, &QWindow::visibleChanged);
     window.makeKeyAndOrderFront();
     EXPECT_TRUE(window.isOnScreen());
-    EXPECT_EQ(visible.size(), 2) << "as a window that is shown anew";
+    EXPECT_TRUE(visible.isEmpty()) << "a window manager may lose it in between";
 }
 
 TEST_F(FloatingWindowTest, TakesInputOnlyOnTheCard)

@@ -96,7 +96,10 @@ T.Popup {
             CustomAccentButton {
                 objectName: "add"
                 title: "Add Template"
-                onAction: sheet.save(nameField.text, content.text)
+                onAction: {
+                    Qt.inputMethod.commit() // what it has at hand belongs to the template
+                    sheet.save(nameField.text, content.text)
+                }
             }
         }
     }

@@ -4,8 +4,8 @@
 #include "Platform/Scheduler.h"
 #include "Services/SettingsService.h"
 #include "Support/DateText.h"
+#include "Support/FolderWalk.h"
 
-#include <QDir>
 #include <QGuiApplication>
 
 #include <utility>
@@ -15,14 +15,6 @@ namespace jotwell {
 namespace {
 
 using namespace std::chrono_literals;
-
-/// A path as it is typed in a shell.
-QString expanded(const QString& path)
-{
-    if (path == u'~' || path.startsWith(QLatin1String("~/")))
-        return QDir::homePath() + path.sliced(1);
-    return path;
-}
 
 } // namespace
 
@@ -91,7 +83,7 @@ void ObsidianVaultSettingsView::loadSettings()
 void ObsidianVaultSettingsView::commitPath()
 {
     if (m_obsidianFolderPath != m_storedPath)
-        changePath(expanded(m_obsidianFolderPath));
+        changePath(withHome(m_obsidianFolderPath));
 }
 
 // Another program may have stored a path meanwhile.
@@ -113,7 +105,7 @@ void ObsidianVaultSettingsView::browse(QWindow* window)
     FolderQuestion question;
     question.message = QStringLiteral("Obsidian Vault");
     question.prompt = QStringLiteral("Select Obsidian Vault Folder");
-    question.folder = expanded(m_obsidianFolderPath);
+    question.folder = withHome(m_obsidianFolderPath);
     m_services.folders.choose(question, window, m_panel.get(),
                               [this](const QString& path) { changePath(path); });
 }

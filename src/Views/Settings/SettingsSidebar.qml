@@ -37,6 +37,7 @@ Flickable {
     // A click leaves the keyboard where it is, but takes it along within the list.
     function choose(index: int): void {
         const hadFocus = rows.itemAt(view.selectedRow).hasFocus
+        Qt.inputMethod.commit() // what it has at hand belongs to the screen before
         view.select(index)
         if (hadFocus)
             takeFocus()

@@ -3,6 +3,7 @@
 #include "Platform/FolderPanel.h"
 #include "Services/SettingsService.h"
 #include "Services/TemplateSyncService.h"
+#include "Support/FolderWalk.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -94,14 +95,15 @@ void SimpleObsidianSettingsView::setTemplatesFolderPath(const QString& path)
         return;
     m_templatesFolderPath = path;
     emit templatesFolderPathChanged();
-    m_saver.setFolder(path);
+    m_saver.setFolder(withHome(path));
     saveObsidianSettings();
 }
 
 void SimpleObsidianSettingsView::chooseTemplatesFolder(QWindow* window)
 {
     const FolderQuestion question{QStringLiteral("Select a folder containing .md template files"),
-                                  QStringLiteral("Select Templates Folder"), m_templatesFolderPath};
+                                  QStringLiteral("Select Templates Folder"),
+                                  withHome(m_templatesFolderPath)};
     m_panel = std::make_unique<QObject>();
     m_services.folders.choose(question, window, m_panel.get(), [this](const QString& path) {
         m_saver.setFolder(path); // also the one that is set: it is read anew
@@ -240,7 +242,7 @@ void SimpleObsidianSettingsView::leaveTemplate()
         return;
     saveFile();
     m_file.reset();
-    m_services.templates.setContent(m_selected->id, m_selected->content);
+    m_services.templates.setComingContent(m_selected->id, m_selected->content);
 }
 
 void SimpleObsidianSettingsView::saveFile()
@@ -258,7 +260,7 @@ void SimpleObsidianSettingsView::keepUnsaved(const ObsidianTemplate& value)
     m_templates.append(kept);
     m_saver.change(TemplateChange{TemplateChange::Kind::added, kept, 0});
     saveObsidianSettings();
-    m_services.templates.loadInBackground(); // its file has another text
+    m_services.templates.forgetComingContent(value.id);
 }
 
 // The one that has taken the place of the one before, or the last one.
@@ -336,8 +338,10 @@ void SimpleObsidianSettingsView::takeOver(const TemplateSaved& saved)
 {
     for (const TemplateSaved::File& file : saved.files)
         file.outcome ? takeOver(file) : takeFailure(file);
-    for (auto each = saved.what.shown.begin(); each != saved.what.shown.end(); ++each)
-        m_services.templates.setShowInDropdown(each.key(), each.value());
+    for (auto each = saved.what.shown.begin(); each != saved.what.shown.end(); ++each) {
+        if (!m_saver.hasLaterShown(each.key()))
+            m_services.templates.setShowInDropdown(each.key(), each.value());
+    }
     if (saved.what.folder)
         m_services.templates.followFolder();
     if (!m_saver.isBusy())
@@ -350,11 +354,12 @@ void SimpleObsidianSettingsView::takeOver(const TemplateSaved::File& file)
     const ObsidianTemplate& written = file.change.value;
     const bool isSelected = file.change.file == m_file;
     const std::optional<QString>& kept = *file.outcome;
-    if (isSelected && m_selected->content == written.content)
+    const bool isLatest = !m_saver.isBusyWith(file.change.file);
+    if (isSelected && isLatest && m_selected->content == written.content)
         m_file.reset();
     if (isSelected && (kept || m_hasFailed))
         setNotice(kept ? conflictText(*kept) : QString());
-    if (!m_saver.isBusyWith(file.change.file))
+    if (isLatest)
         m_services.templates.setContent(written.id, written.content);
     if (kept)
         m_services.templates.loadInBackground();

@@ -22,13 +22,13 @@ struct TemplateSettingsServices {
 
 /// The screen of new notes: the templates, and the folder that more of them come from. Main thread.
 ///
-/// Each change is stored at once, and nothing but what the user has changed here is written: the
-/// rest of the templates, and of a template, stays as others have left it. What others change is
-/// shown here unless the user is in the middle of an edit. A text whose file has been changed by
-/// others meanwhile takes its place all the same, and their version is kept beside it, see
-/// `TemplateFile`. A text that can't be written to its file stays in the field, is tried again with
-/// each edit, and becomes a template of the user's own when they leave it. Only the end of the
-/// screen waits for the disk.
+/// Each change is stored at once, and nothing but what the user has changed here: the rest of the
+/// templates, and of a template, stays as others have left it, though the first save writes it.
+/// What others change is shown here unless the user is in the middle of an edit. A text whose file
+/// has been changed by others meanwhile takes its place all the same, and their version is kept
+/// beside it, see `TemplateFile`. A text that can't be written to its file stays in the field, is
+/// tried again with each edit, and becomes a template of the user's own when they leave it. Only
+/// the end of the screen waits for the disk.
 class SimpleObsidianSettingsView : public SettingsScreen {
     Q_OBJECT
     QML_NAMED_ELEMENT(SimpleObsidianSettingsState)

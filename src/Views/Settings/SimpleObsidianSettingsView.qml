@@ -29,6 +29,7 @@ SettingsCard {
             tabs: view.screen.tabs
             selectedTabId: view.screen.selectedTabId
             onSelect: id => {
+                Qt.inputMethod.commit() // what it has at hand belongs to the one before
                 view.screen.selectTab(id)
                 selectedTabId = Qt.binding(() => view.screen.selectedTabId)
             }

@@ -58,6 +58,8 @@ public:
     /// In place of an earlier text for that file.
     void change(const TemplateFileChange& change);
     void setShown(const QUuid& id, bool shown) { m_waiting.shown.insert(id, shown); }
+    /// It is to change once more behind the save that is told.
+    [[nodiscard]] bool hasLaterShown(const QUuid& id) const { return m_waiting.shown.contains(id); }
     void storeAll() { m_waiting.storesAll = true; }
 
     /// Begins to store what has been handed in.

@@ -153,6 +153,15 @@ TEST_F(TemplateSettingsTest, AnotherProgramsFolderStays)
     EXPECT_EQ(settings.obsidianTemplate(), u"theirs"_qs);
 }
 
+TEST_F(TemplateSettingsTest, TildeOfTheFolderIsTheHome)
+{
+    appear();
+    view->setTemplatesFolderPath(u"~/Templates of nobody"_qs);
+    settle();
+    EXPECT_EQ(settings.templatesFolderPath(), QDir::homePath() + u"/Templates of nobody"_qs);
+    EXPECT_EQ(view->templatesFolderPath(), u"~/Templates of nobody"_qs) << "as it is being typed";
+}
+
 TEST_F(TemplateSettingsTest, ComingBackToTheProgramShowsWhatIsStoredNow)
 {
     appear();
