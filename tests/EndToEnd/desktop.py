@@ -230,6 +230,9 @@ class Desktop:
             "Xvfb", "-displayfd", pipe, "-screen", "0", f"{self._size}x24", "-noreset",
             "-nolisten", "tcp", *self._x_options])
         self.environment["DISPLAY"] = f":{number}"
+        # The first key changes a new server's keyboard map, and while a window manager grabs its
+        # keys anew a second one would pass it by.
+        self.press("shift")
         if self._wants_bus:
             self._start_bus()
         if self._wants_window_manager:
