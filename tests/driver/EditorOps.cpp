@@ -5,6 +5,7 @@
 #include "Services/Input/InputNames.h"
 #include "Views/Editor/AttributedText.h"
 #include "Views/Editor/MarkdownHighlighter.h"
+#include "Views/Editor/ReadyNames.h"
 #include "driver/DrivenEditor.h"
 #include "driver/EditorJson.h"
 #include "driver/Session.h"
@@ -98,7 +99,8 @@ QJsonValue highlighted(const QString& text, const TokenNames& names)
     editor.coordinator().highlightCommands();
     laterTurns.advance({});
     QJsonObject all = chipsOf(editor.view());
-    all.insert(QStringLiteral("runs"), toJson(styledText(text, names).runs));
+    ReadyNames ready(names);
+    all.insert(QStringLiteral("runs"), toJson(styledText(text, ready).runs));
     return all;
 }
 

@@ -3,6 +3,7 @@
 #include "Support/TextUnits.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace jotwell {
 
@@ -14,10 +15,16 @@ char16_t lowerAscii(QChar unit)
     return code >= u'A' && code <= u'Z' ? code + 0x20 : code;
 }
 
+// To the end, since that is many units at a time.
+bool isAscii(QStringView text)
+{
+    return std::accumulate(text.begin(), text.end(), 0U,
+                           [](unsigned all, QChar unit) { return all | unit.unicode(); }) < 0x80;
+}
+
 bool holds(const QString& name, const QString& lowerSearch)
 {
-    const auto isAscii = [](QChar unit) { return unit.unicode() < 0x80; };
-    if (!std::ranges::all_of(name, isAscii))
+    if (!isAscii(name))
         return name.toLower().contains(lowerSearch);
     // Without a lower-case copy of each name: there are hundreds at each key stroke.
     const auto isEqual = [](QChar unit, QChar lower) { return lowerAscii(unit) == lower; };

@@ -2,7 +2,7 @@
 
 #include "Models/ArrowDirection.h"
 #include "Support/TextUnits.h"
-#include "Views/Editor/TokenHighlighter.h"
+#include "Views/Editor/ReadyNames.h"
 
 #include <QString>
 

@@ -23,7 +23,7 @@ bool isUsed(const std::function<bool(Arguments...)>& action, Arguments... argume
 CustomTextEditorCoordinator::CustomTextEditorCoordinator(const CustomTextEditorBindings& parent,
                                                          RoundedBackgroundTextView& view,
                                                          Scheduler& scheduler)
-    : m_parent(parent), m_view(view), m_scheduler(scheduler)
+    : m_parent(parent), m_view(view), m_scheduler(scheduler), m_names(parent.tokenNames)
 {
 }
 
@@ -75,7 +75,7 @@ bool CustomTextEditorCoordinator::handleCommandBackspace()
 void CustomTextEditorCoordinator::highlightCommands()
 {
     const QString& text = m_view.string();
-    StyledText styled = styledText(text, m_parent.tokenNames);
+    StyledText styled = styledText(text, m_names);
     m_view.styles().apply(m_view.document(), styled.runs, emojiRanges(text));
     m_found = std::move(styled.tokens);
     // The views are not to see new chips in the midst of an update.

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "Views/Editor/CustomTextEditorBindings.h"
+#include "Views/Editor/ReadyNames.h"
 #include "Views/Editor/RoundedBackgroundTextView.h"
+#include "Views/Editor/TokenHighlighter.h"
 
 #include <QObject>
 #include <QString>
@@ -59,6 +61,7 @@ private:
     const CustomTextEditorBindings& m_parent;
     RoundedBackgroundTextView& m_view;
     Scheduler& m_scheduler;
+    ReadyNames m_names;
     bool m_isEditing = false;
     bool m_isTelling = false;
     TokenRanges m_found; ///< chips that are to be stored

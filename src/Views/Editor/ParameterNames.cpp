@@ -20,7 +20,7 @@ bool canStandInText(QStringView name)
 
 } // namespace
 
-ParameterNames::ParameterNames(const QStringList& names, qsizetype longest) : m_kept(names)
+ParameterNames::ParameterNames(const QStringList& names) : m_kept(names)
 {
     m_names.reserve(static_cast<std::size_t>(names.size()));
     m_firstUnits.reserve(static_cast<std::size_t>(names.size()));
@@ -28,8 +28,6 @@ ParameterNames::ParameterNames(const QStringList& names, qsizetype longest) : m_
         m_hasEmptyName = name.isEmpty();
         if (m_hasEmptyName)
             break;
-        if (utf16Length(name) > longest)
-            continue;
         m_names.emplace_back(name);
         m_firstUnits.push_back(name.front().unicode());
     }

@@ -14,8 +14,9 @@ namespace jotwell {
 /// at a time.
 class ParameterNames {
 public:
-    /// Names with more than `longest` UTF-16 units will not be asked for.
-    ParameterNames(const QStringList& names, qsizetype longest);
+    explicit ParameterNames(const QStringList& names);
+    ParameterNames(const ParameterNames&) = delete;
+    ParameterNames& operator=(const ParameterNames&) = delete;
 
     /// The length in UTF-16 units of the first name, in the order of the list, with which `text`
     /// begins. A name with more units than characters is never found.

@@ -2,10 +2,11 @@
 
 #include "Views/Editor/AttributedText.h"
 #include "Views/Editor/MarkdownHighlighter.h"
+#include "Views/Editor/ReadyNames.h"
 
 namespace jotwell {
 
-StyledText styledText(QStringView text, const TokenNames& names)
+StyledText styledText(QStringView text, ReadyNames& names)
 {
     const qsizetype count = characterCount(text);
     AttributedText attributes(utf16Length(text));

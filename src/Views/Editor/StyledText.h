@@ -19,6 +19,6 @@ struct StyledText {
 /// Markdown first, then the tokens, which win where both touch a character. Looks at as many UTF-16
 /// units as the text has characters; what stands behind them stays plain. Main thread, where the
 /// names are asked for.
-[[nodiscard]] StyledText styledText(QStringView text, const TokenNames& names);
+[[nodiscard]] StyledText styledText(QStringView text, ReadyNames& names);
 
 } // namespace jotwell

@@ -2,7 +2,7 @@
 
 #include "Models/Command.h"
 #include "Views/Editor/AttributedText.h"
-#include "Views/Editor/ParameterNames.h"
+#include "Views/Editor/ReadyNames.h"
 #include "Views/Editor/TextScan.h"
 
 #include <algorithm>
@@ -42,28 +42,31 @@ std::optional<qsizetype> endOfFirst(QStringView text, const QString& command)
     return std::nullopt;
 }
 
-std::vector<TextRange> parametersFrom(QStringView text, qsizetype from,
-                                      const std::function<QStringList()>& names)
+/// One of the two lists of names.
+using NamesOf = ParameterNames& (ReadyNames::*)();
+
+std::vector<TextRange> parametersFrom(QStringView text, qsizetype from, ReadyNames& ready,
+                                      NamesOf kind)
 {
     std::vector<TextRange> parameters;
-    std::optional<ParameterNames> prepared;
+    ParameterNames* names = nullptr;
     for (qsizetype place = find(text, u'$', from); place + 1 < text.size();
          place = find(text, u'$', place + 1)) {
-        if (!prepared)
-            prepared.emplace(names(), text.size());
-        if (const auto length = prepared->lengthAtStart(text.sliced(place + 1)))
+        if (!names)
+            names = &(ready.*kind)();
+        if (const auto length = names->lengthAtStart(text.sliced(place + 1)))
             parameters.push_back({place, *length + 1});
     }
     return parameters;
 }
 
 std::vector<TextRange> parametersOf(Command command, QStringView text, qsizetype limit,
-                                    const std::function<QStringList()>& names)
+                                    ReadyNames& ready, NamesOf kind)
 {
     const std::optional<qsizetype> from = endOfFirst(text, rawValue(command));
     if (!from)
         return {};
-    return parametersFrom(text.first(limit), *from, names);
+    return parametersFrom(text.first(limit), *from, ready, kind);
 }
 
 // One parameter may stand within another where names hold a "$"; nothing is drawn twice.
@@ -90,17 +93,17 @@ void styleCommand(AttributedText& to, const TextRange& command)
 } // namespace
 
 TokenRanges highlightTokens(AttributedText& to, QStringView text, qsizetype limit,
-                            const TokenNames& names)
+                            ReadyNames& names)
 {
     const QStringView seen = text.first(limit);
     TokenRanges tokens;
     tokens.commands = markedWords(seen, u'/');
     for (const TextRange& command : tokens.commands)
         styleCommand(to, command);
-    tokens.templates = parametersOf(Command::newNote, text, limit, names.templates);
+    tokens.templates = parametersOf(Command::newNote, text, limit, names, &ReadyNames::templates);
     styleParameters(to, tokens.templates);
     const std::vector<TextRange> folders =
-        parametersOf(Command::recentNotes, text, limit, names.folders);
+        parametersOf(Command::recentNotes, text, limit, names, &ReadyNames::folders);
     styleParameters(to, folders);
     tokens.templates.insert(tokens.templates.end(), folders.begin(), folders.end());
     tokens.hashtags = markedWords(seen, u'#');

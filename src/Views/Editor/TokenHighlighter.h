@@ -2,16 +2,15 @@
 
 #include "Support/TextUnits.h"
 
-#include <QStringList>
 #include <QStringView>
 
-#include <functional>
 #include <optional>
 #include <vector>
 
 namespace jotwell {
 
 class AttributedText;
+class ReadyNames;
 
 /// The tokens of a text that are shown as chips, each kind in the order of the text.
 struct TokenRanges {
@@ -22,17 +21,10 @@ struct TokenRanges {
     bool operator==(const TokenRanges&) const = default;
 };
 
-/// The names that may stand behind a "$", the first that fits winning; "All Folders" is one of the
-/// folders. Each list is asked for only if the text has a use for it.
-struct TokenNames {
-    std::function<QStringList()> templates;
-    std::function<QStringList()> folders;
-};
-
 /// Finds the tokens in the first `limit` UTF-16 units of `text` and gives them their looks, over
 /// those that the text has by then.
 [[nodiscard]] TokenRanges highlightTokens(AttributedText& to, QStringView text, qsizetype limit,
-                                          const TokenNames& names);
+                                          ReadyNames& names);
 
 /// The slash word, looked for in the first `limit` units of `text`, inside, before or behind which
 /// the cursor stands; the last one of two.

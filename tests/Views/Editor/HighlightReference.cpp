@@ -3,6 +3,7 @@
 #include "Support/IcuRegex.h"
 #include "Views/Editor/AttributedText.h"
 #include "Views/Editor/MarkdownHighlighter.h"
+#include "Views/Editor/ReadyNames.h"
 
 #include <algorithm>
 #include <map>
@@ -235,7 +236,7 @@ HighlightedText quickHighlight(QStringView text, qsizetype limit, const QStringL
 {
     AttributedText attributed(text.size());
     MarkdownHighlighter::shared().applyMarkdownFontStyling(attributed, text, limit);
-    const TokenNames names{[&] { return templates; }, [&] { return folders; }};
+    ReadyNames names({[&] { return templates; }, [&] { return folders; }});
     HighlightedText result;
     result.tokens = highlightTokens(attributed, text, limit, names);
     result.runs = attributed.runs();

@@ -4,6 +4,7 @@
 #include "Views/Editor/AttributedText.h"
 #include "Views/Editor/HighlightReference.h"
 #include "Views/Editor/HostileTexts.h"
+#include "Views/Editor/ReadyNames.h"
 
 #include <gtest/gtest.h>
 
@@ -163,8 +164,11 @@ public:
         };
         m_asked = 0;
         AttributedText attributed(text.size());
-        (void)highlightTokens(attributed, text, text.size(), {count, [] { return QStringList(); }});
-        (void)highlightTokens(attributed, text, text.size(), {[] { return QStringList(); }, count});
+        const auto none = [] { return QStringList(); };
+        ReadyNames templates({count, none});
+        ReadyNames folders({none, count});
+        (void)highlightTokens(attributed, text, text.size(), templates);
+        (void)highlightTokens(attributed, text, text.size(), folders);
         return m_asked;
     }
 
@@ -185,8 +189,7 @@ TEST(TokenHighlighter, NamesAreAskedForOnceAndOnlyIfAParameterMayFollow)
 TEST(TokenHighlighter, ACommandBehindTheLimitHasNoParameters)
 {
     AttributedText attributed(16);
-    const TokenNames names{[] { return QStringList(u"a"_qs); },
-                           [] { return QStringList(u"a"_qs); }};
+    ReadyNames names({[] { return QStringList(u"a"_qs); }, [] { return QStringList(u"a"_qs); }});
     const TokenRanges tokens = highlightTokens(attributed, u"$a /new_note $a ", 9, names);
     EXPECT_EQ(tokens.templates, std::vector<TextRange>());
 }
