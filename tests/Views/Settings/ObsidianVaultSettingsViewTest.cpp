@@ -1,7 +1,9 @@
+#include "Services/Unprivileged.h"
 #include "Views/Settings/SettingsBench.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QSignalSpy>
 
@@ -9,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace jotwell;
 
@@ -291,12 +292,13 @@ TEST_F(ObsidianVaultSettingsViewTest, PathThatCannotBeReadIsToldAndCanBeMended)
 
 TEST_F(ObsidianVaultSettingsViewTest, FolderThatMayNotBeReadIsTold)
 {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "nothing is forbidden to this user";
     ASSERT_EQ(chmod(vault.toLocal8Bit().constData(), 0), 0);
-    type(vault);
-    EXPECT_THAT(builtStatus(), StartsWith("Error: "));
-    chmod(vault.toLocal8Bit().constData(), 0700);
+    {
+        const Unprivileged user(QFileInfo(vault).path());
+        type(vault);
+        EXPECT_THAT(builtStatus(), StartsWith("Error: "));
+    }
+    ASSERT_EQ(chmod(vault.toLocal8Bit().constData(), 0700), 0);
 }
 
 TEST_F(ObsidianVaultSettingsViewTest, StatusFollowsTheIndex)
