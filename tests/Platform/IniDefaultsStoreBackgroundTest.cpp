@@ -1,0 +1,237 @@
+#include "Platform/IniDefaultsStoreFixture.h"
+
+#include <QSemaphore>
+#include <QThread>
+
+#include <cerrno>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace jotwell {
+
+namespace {
+
+constexpr int patience = 5000;
+
+/// Does something that may wait, on a thread of its own.
+class Aside {
+public:
+    explicit Aside(std::function<void()> work)
+        : m_thread(QThread::create([this, work = std::move(work)] {
+              work();
+              m_end.release();
+          }))
+    {
+        m_thread->start();
+    }
+    ~Aside() { m_thread->wait(); }
+    Aside(const Aside&) = delete;
+    Aside& operator=(const Aside&) = delete;
+
+    [[nodiscard]] bool endsWithin(int milliseconds)
+    {
+        const bool hasEnded = m_end.tryAcquire(1, milliseconds);
+        if (hasEnded)
+            m_end.release();
+        return hasEnded;
+    }
+
+private:
+    QSemaphore m_end;
+    const std::unique_ptr<QThread> m_thread;
+};
+
+class IniDefaultsStoreBackgroundTest : public IniDefaultsStoreTest {
+protected:
+    void TearDown() override
+    {
+        m_calls.letGo();
+        IniDefaultsStoreTest::TearDown();
+    }
+
+    /// A write that waits for the disk until it is let go.
+    void beginWrite(const QString& name, qint64 value, int passingSyncs = 0)
+    {
+        m_calls.hold(passingSyncs);
+        Aside setting([&] { m_store.setInteger(name, value); });
+        EXPECT_TRUE(setting.endsWithin(patience)) << "it waits for the disk";
+        if (!m_calls.waitForSyncs(1 + passingSyncs))
+            ADD_FAILURE() << "nothing is written";
+    }
+
+    void finishWrites()
+    {
+        m_calls.letGo();
+        m_store.synchronize();
+    }
+
+    [[nodiscard]] qsizetype writes() const { return m_calls.calls().count(u"openNameless"_qs); }
+
+    const QString other = QStringLiteral("Other");
+};
+
+TEST_F(IniDefaultsStoreBackgroundTest, NeitherSettingNorReadingWaitsForTheDisk)
+{
+    put("[General]\nOther=old\n");
+    beginWrite(key, 7);
+    Aside user([&] {
+        EXPECT_EQ(m_store.integer(key), 7);
+        EXPECT_EQ(m_store.string(other), QStringLiteral("old"));
+        m_store.setInteger(QStringLiteral("More"), 8);
+        EXPECT_EQ(m_store.integer(QStringLiteral("More")), 8);
+        EXPECT_EQ(m_store.keys().size(), 3);
+    });
+    EXPECT_TRUE(user.endsWithin(patience));
+    EXPECT_EQ(bytes(), "[General]\nOther=old\n");
+    finishWrites();
+    EXPECT_EQ(bytes(), "[General]\nKey=7\nMore=8\nOther=old\n");
+}
+
+TEST_F(IniDefaultsStoreBackgroundTest, WhatIsSetDuringAWriteGoesOutWithOneMore)
+{
+    beginWrite(key, 0);
+    for (int value = 1; value <= 50; ++value) {
+        m_store.setInteger(key, value);
+        m_store.setInteger(QString::number(value), value);
+    }
+    finishWrites();
+    EXPECT_EQ(writes(), 2);
+    const IniDefaultsStore reader = otherProgram();
+    EXPECT_EQ(reader.integer(key), 50);
+    EXPECT_EQ(reader.keys().size(), 51);
+}
+
+TEST_F(IniDefaultsStoreBackgroundTest, NothingIsWrittenTwice)
+{
+    m_store.setInteger(key, 1);
+    m_store.synchronize();
+    m_store.synchronize();
+    EXPECT_EQ(writes(), 1);
+}
+
+TEST_F(IniDefaultsStoreBackgroundTest, LastValueWinsWhicheverWayItChanges)
+{
+    put("[General]\nGone=1\n");
+    beginWrite(key, 1);
+    m_store.remove(key);
+    m_store.setBoolean(other, true);
+    m_store.remove(QStringLiteral("Gone"));
+    EXPECT_FALSE(m_store.string(key));
+    EXPECT_EQ(m_store.keys(), QStringList{other});
+    m_calls.letGo();
+    m_store.synchronize();
+    EXPECT_EQ(bytes(), "[General]\nOther=true\n");
+
+    m_store.setInteger(key, 1);
+    m_store.setBoolean(key, true); // equal as numbers go
+    m_store.synchronize();
+    EXPECT_EQ(bytes(), "[General]\nKey=true\nOther=true\n");
+}
+
+TEST_F(IniDefaultsStoreBackgroundTest, EqualValueOfAnotherTypeSetDuringAWriteStays)
+{
+    beginWrite(key, 1);
+    m_store.setBoolean(key, true);
+    finishWrites();
+    EXPECT_EQ(bytes(), "[General]\nKey=true\n");
+}
+
+TEST_F(IniDefaultsStoreBackgroundTest, WhatOthersWriteDuringAWriteIsSeen)
+{
+    beginWrite(key, 7, 1); // the sync of the folder comes behind that of the file
+    put("[General]\nOther=theirs\n");
+    EXPECT_EQ(m_store.integer(key), 7);
+    EXPECT_EQ(m_store.string(other), QStringLiteral("theirs"));
+    QThread::msleep(50); // by then, a change is told from the next by its time
+    finishWrites();
+    EXPECT_EQ(m_store.string(other), QStringLiteral("theirs"));
+    EXPECT_EQ(m_store.integer(key), 0);
+}
+
+TEST_F(IniDefaultsStoreBackgroundTest, FailedWriteGoesOutWithTheNextButNotOverNewerValues)
+{
+    beginWrite(key, 1);
+    m_store.setInteger(key, 2);
+    m_calls.failAt(0, EIO); // the sync that waits
+    finishWrites();
+    EXPECT_TRUE(m_calls.hasFailed());
+    EXPECT_EQ(bytes(), "[General]\nKey=2\n");
+
+    beginWrite(key, 3);
+    m_store.setInteger(other, 4);
+    m_calls.failAt(0, EIO);
+    finishWrites();
+    EXPECT_EQ(bytes(), "[General]\nKey=3\nOther=4\n");
+    EXPECT_EQ(m_log.size(), 2);
+}
+
+TEST_F(IniDefaultsStoreBackgroundTest, FailedWriteIsNotTriedAgainByItself)
+{
+    m_calls.failAt(0, ENOSPC);
+    {
+        IniDefaultsStore store(path(), m_calls);
+        store.setInteger(key, 1);
+        store.synchronize();
+        EXPECT_EQ(store.integer(key), 1);
+        store.synchronize();
+    }
+    EXPECT_EQ(m_log.size(), 1);
+    EXPECT_EQ(bytes(), "(nothing)");
+}
+
+TEST_F(IniDefaultsStoreBackgroundTest, EndWritesWhatIsPending)
+{
+    auto store = std::make_unique<IniDefaultsStore>(path(), m_calls);
+    m_calls.hold();
+    store->setInteger(key, 1);
+    ASSERT_TRUE(m_calls.waitForSyncs(1));
+    store->setInteger(key, 2);
+    store->setInteger(other, 3);
+    Aside ending([&] { store.reset(); });
+    EXPECT_FALSE(ending.endsWithin(20));
+    m_calls.letGo();
+    EXPECT_TRUE(ending.endsWithin(patience));
+    EXPECT_EQ(bytes(), "[General]\nKey=2\nOther=3\n");
+}
+
+TEST_F(IniDefaultsStoreBackgroundTest, SynchronizingWaitsForTheFile)
+{
+    m_store.synchronize(); // for nothing, as yet
+    beginWrite(key, 1);
+    m_store.setInteger(key, 2);
+    QByteArray seen;
+    Aside waiting([&] {
+        m_store.synchronize();
+        seen = bytes();
+    });
+    EXPECT_FALSE(waiting.endsWithin(20));
+    m_calls.letGo();
+    EXPECT_TRUE(waiting.endsWithin(patience));
+    EXPECT_EQ(seen, "[General]\nKey=2\n");
+}
+
+TEST_F(IniDefaultsStoreBackgroundTest, ThreadsMayReadAndWriteAtOnce)
+{
+    std::vector<std::unique_ptr<Aside>> threads;
+    for (int each = 0; each < 4; ++each) {
+        threads.push_back(std::make_unique<Aside>([this, each] {
+            for (int round = 0; round < 20; ++round) {
+                m_store.setInteger(QString::number(each), round);
+                static_cast<void>(m_store.keys());
+                if (round % 5 == each)
+                    m_store.synchronize();
+                EXPECT_EQ(m_store.integer(QString::number(each)), round);
+            }
+        }));
+    }
+    threads.clear();
+    const IniDefaultsStore reader = otherProgram();
+    for (int each = 0; each < 4; ++each)
+        EXPECT_EQ(reader.integer(QString::number(each)), 19);
+}
+
+} // namespace
+
+} // namespace jotwell
