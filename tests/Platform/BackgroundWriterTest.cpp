@@ -65,9 +65,10 @@ TEST(BackgroundWriterTest, WhoWaitsIsNotHeldUpByThoseWhoAskOn)
     writer.ask();
     std::thread insistent([&] { // whenever one piece of work ends, the next is asked for
         while (!isOver) {
-            if (begun.tryAcquire(1, 1))
+            if (begun.tryAcquire(1, 1)) {
                 writer.ask();
-            hasAsked.release();
+                hasAsked.release();
+            }
         }
         hasAsked.release(100);
     });
