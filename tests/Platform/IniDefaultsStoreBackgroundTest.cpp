@@ -2,48 +2,35 @@
 
 #include <QElapsedTimer>
 #include <QLockFile>
-#include <QSemaphore>
 #include <QThread>
 
 #include <cerrno>
+#include <chrono>
 #include <functional>
+#include <future>
 #include <memory>
-#include <optional>
+#include <utility>
 #include <vector>
 
 namespace jotwell {
 
 namespace {
 
-constexpr int patience = 5000;
+using namespace std::chrono_literals;
 
-/// Does something that may wait, on a thread of its own.
-class Aside {
-public:
-    explicit Aside(std::function<void()> work)
-        : m_thread(QThread::create([this, work = std::move(work)] {
-              work();
-              m_end.release();
-          }))
-    {
-        m_thread->start();
-    }
-    ~Aside() { m_thread->wait(); }
-    Aside(const Aside&) = delete;
-    Aside& operator=(const Aside&) = delete;
+constexpr auto patience = 5s;
 
-    [[nodiscard]] bool endsWithin(int milliseconds)
-    {
-        const bool hasEnded = m_end.tryAcquire(1, milliseconds);
-        if (hasEnded)
-            m_end.release();
-        return hasEnded;
-    }
+/// Does something that may wait, on a thread of its own; its end is waited for at the latest when
+/// the future goes.
+[[nodiscard]] std::future<void> aside(std::function<void()> work)
+{
+    return std::async(std::launch::async, std::move(work));
+}
 
-private:
-    QSemaphore m_end;
-    const std::unique_ptr<QThread> m_thread;
-};
+[[nodiscard]] bool endsWithin(const std::future<void>& work, std::chrono::milliseconds time)
+{
+    return work.wait_for(time) == std::future_status::ready;
+}
 
 class IniDefaultsStoreBackgroundTest : public IniDefaultsStoreTest {
 protected:
@@ -57,8 +44,8 @@ protected:
     void beginWrite(const QString& name, qint64 value, int passingSyncs = 0)
     {
         m_calls.hold(passingSyncs);
-        Aside setting([&] { m_store.setInteger(name, value); });
-        if (!setting.endsWithin(patience)) {
+        const auto setting = aside([&] { m_store.setInteger(name, value); });
+        if (!endsWithin(setting, patience)) {
             ADD_FAILURE() << "it waits for the disk";
             m_calls.letGo();
         } else if (!m_calls.waitForSyncs(1 + passingSyncs))
@@ -80,14 +67,14 @@ TEST_F(IniDefaultsStoreBackgroundTest, NeitherSettingNorReadingWaitsForTheDisk)
 {
     put("[General]\nOther=old\n");
     beginWrite(key, 7);
-    Aside user([&] {
+    const auto user = aside([&] {
         EXPECT_EQ(m_store.integer(key), 7);
         EXPECT_EQ(m_store.string(other), QStringLiteral("old"));
         m_store.setInteger(QStringLiteral("More"), 8);
         EXPECT_EQ(m_store.integer(QStringLiteral("More")), 8);
         EXPECT_EQ(m_store.keys().size(), 3);
     });
-    EXPECT_TRUE(user.endsWithin(patience));
+    EXPECT_TRUE(endsWithin(user, patience));
     EXPECT_EQ(bytes(), "[General]\nOther=old\n");
     finishWrites();
     EXPECT_EQ(bytes(), "[General]\nKey=7\nMore=8\nOther=old\n");
@@ -203,10 +190,10 @@ TEST_F(IniDefaultsStoreBackgroundTest, EndWritesWhatIsPending)
     ASSERT_TRUE(m_calls.waitForSyncs(1));
     store->setInteger(key, 2);
     store->setInteger(other, 3);
-    Aside ending([&] { store.reset(); });
-    EXPECT_FALSE(ending.endsWithin(20));
+    const auto ending = aside([&] { store.reset(); });
+    EXPECT_FALSE(endsWithin(ending, 20ms));
     m_calls.letGo();
-    EXPECT_TRUE(ending.endsWithin(patience));
+    EXPECT_TRUE(endsWithin(ending, patience));
     EXPECT_EQ(bytes(), "[General]\nKey=2\nOther=3\n");
 }
 
@@ -216,21 +203,21 @@ TEST_F(IniDefaultsStoreBackgroundTest, SynchronizingWaitsForTheFile)
     beginWrite(key, 1);
     m_store.setInteger(key, 2);
     QByteArray seen;
-    Aside waiting([&] {
+    const auto waiting = aside([&] {
         m_store.synchronize();
         seen = bytes();
     });
-    EXPECT_FALSE(waiting.endsWithin(20));
+    EXPECT_FALSE(endsWithin(waiting, 20ms));
     m_calls.letGo();
-    EXPECT_TRUE(waiting.endsWithin(patience));
+    EXPECT_TRUE(endsWithin(waiting, patience));
     EXPECT_EQ(seen, "[General]\nKey=2\n");
 }
 
 TEST_F(IniDefaultsStoreBackgroundTest, ThreadsMayReadAndWriteAtOnce)
 {
-    std::vector<std::unique_ptr<Aside>> threads;
+    std::vector<std::future<void>> threads;
     for (int each = 0; each < 4; ++each) {
-        threads.push_back(std::make_unique<Aside>([this, each] {
+        threads.push_back(aside([this, each] {
             for (int round = 0; round < 20; ++round) {
                 m_store.setInteger(QString::number(each), round);
                 static_cast<void>(m_store.keys());
