@@ -1,5 +1,6 @@
 #include "AppDelegate.h"
 
+#include "Platform/DefaultsStore.h"
 #include "Platform/InstanceDoor.h"
 #include "Platform/Platform.h"
 #include "Platform/Scheduler.h"
@@ -14,6 +15,7 @@
 #include "Services/TemplateSyncService.h"
 #include "Services/ToastManager.h"
 #include "StatusMenu.h"
+#include "Support/Background.h"
 #include "Support/Logging.h"
 #include "Views/FloatingWindow.h"
 #include "Views/FloatingWindowView.h"
@@ -262,6 +264,7 @@ void AppDelegate::terminate()
     if (std::exchange(m_isTerminating, true))
         return;
     TagIndexService::shared().stop();
+    storeSettings();
     quitWhenIdle(0, idleTurnsAtMost);
 }
 
@@ -284,6 +287,16 @@ void AppDelegate::finishBackgroundWork()
         m_platform.background.waitForDone(static_cast<int>(deadline.remainingTime()));
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     } while (m_platform.background.activeThreadCount() > 0 && !deadline.hasExpired());
+    storeSettings();
+    m_platform.background.waitForDone(static_cast<int>(deadline.remainingTime()));
+}
+
+// They are on their way to the disk anyhow: it is the work that is waited for.
+void AppDelegate::storeSettings()
+{
+    DefaultsStore& defaults = m_platform.defaults;
+    static_cast<void>(
+        startInBackground(m_platform.background, [&defaults] { defaults.synchronize(); }));
 }
 
 } // namespace jotwell

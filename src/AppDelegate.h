@@ -80,6 +80,7 @@ private:
     void performAction(const QString& name);
     void quitWhenIdle(int idleTurns, int turnsLeft);
     void finishBackgroundWork();
+    void storeSettings();
 
     Desktop m_desktop;
     const Platform& m_platform;

@@ -1,5 +1,6 @@
 #include "AppDelegate.h"
 #include "CommandLine.h"
+#include "Platform/DefaultsStore.h"
 #include "Platform/DesktopAppearance.h"
 #include "Platform/FolderPanel.h"
 #include "Platform/InstanceDoor.h"
@@ -10,6 +11,7 @@
 #include "Platform/TerminationSignals.h"
 #include "Platform/WindowSystem.h"
 #include "Services/SharedServices.h"
+#include "Support/Background.h"
 #include "Views/SymbolImageProvider.h"
 #include "Views/ViewResources.h"
 
@@ -74,6 +76,16 @@ bool hasLetGo(QThreadPool& pool)
     return pool.waitForDone(milliseconds);
 }
 
+// What the windows have set at their end is on its way to the disk, which may not answer.
+bool areSettingsStored(const Platform& platform)
+{
+    constexpr int milliseconds = 10'000;
+    DefaultsStore& defaults = platform.defaults;
+    static_cast<void>(
+        startInBackground(platform.background, [&defaults] { defaults.synchronize(); }));
+    return platform.background.waitForDone(milliseconds);
+}
+
 // The application itself: everything that the services and the delegate stand on, in the order in
 // which it is to go again.
 int run(InstanceDoor& door)
@@ -98,7 +110,7 @@ int run(InstanceDoor& door)
     }
     // Work that still hangs by now has had its time, and its thread can't be waited for. The index
     // is made anew at the next start: it only has to let go.
-    if (!platform.background.waitForDone(0))
+    if (!areSettingsStored(platform))
         std::_Exit(status);
     releaseSharedServices();
     platform.bulk.clear();

@@ -5,6 +5,7 @@
 #include "Views/SecondaryWindow.h"
 
 #include <QCloseEvent>
+#include <QSessionManager>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -12,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <map>
 
 Q_IMPORT_QML_PLUGIN(JotwellPlugin)
@@ -148,9 +150,21 @@ TEST_F(AppDelegateTest, EveryWayToEndWaitsForWhatIsBeingWritten)
     };
     for (const auto& [name, ask] : ways) {
         launch();
+        settings().setRecentFilesCount(5);
         EXPECT_EQ(endOf(ask), 0) << name;
+        EXPECT_TRUE(fake.defaults.isSynchronized()) << name;
         delegate.reset();
     }
+}
+
+TEST_F(AppDelegateTest, SessionThatIsAboutToEndFindsTheSettingsStored)
+{
+    launch();
+    settings().setRecentFilesCount(5);
+    // Qt alone makes session managers; nobody looks at this one.
+    alignas(QSessionManager) std::byte manager[sizeof(QSessionManager)]{};
+    emit qApp->commitDataRequest(*reinterpret_cast<QSessionManager*>(manager));
+    EXPECT_TRUE(fake.defaults.isSynchronized());
 }
 
 TEST_F(AppDelegateTest, NobodyAnswersOnceTheDelegateHasGone)

@@ -10,7 +10,8 @@ namespace jotwell {
 
 /// The user's persistent settings: typed values under plain string keys. Every call goes to the
 /// store, may come from any thread and never fails towards its caller: what can't be read is
-/// absent, and what can't be written is kept for the life of the process.
+/// absent, and what can't be written is kept for the life of the process. What is set is read from
+/// then on, and gets to the disk in the background.
 class DefaultsStore {
 public:
     enum class ValueType { string, data, integer, boolean };
@@ -32,6 +33,8 @@ public:
     virtual void setInteger(const QString& key, qint64 value) = 0;
     virtual void setBoolean(const QString& key, bool value) = 0;
     virtual void remove(const QString& key) = 0;
+    /// Waits until what was set before the call is on the disk, or couldn't be written.
+    virtual void synchronize() = 0;
 
     /// Keys with a value, sorted, and the type as which each one is stored; absent for no value.
     [[nodiscard]] virtual QStringList keys() const = 0;

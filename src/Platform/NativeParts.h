@@ -8,6 +8,7 @@
 namespace jotwell {
 
 class Clock;
+class DefaultsStore;
 class DesktopAppearance;
 class FileCalls;
 class FileSystems;
@@ -36,7 +37,7 @@ class Workspace;
 [[nodiscard]] std::unique_ptr<LoginItem> makeLoginItem(FileCalls& files);
 /// What is named here outlives the updater.
 [[nodiscard]] std::unique_ptr<Updater> makeUpdater(const Clock& clock, Scheduler& scheduler,
-                                                   FileCalls& files);
+                                                   DefaultsStore& defaults);
 [[nodiscard]] std::unique_ptr<FolderPanel> makeFolderPanel();
 [[nodiscard]] std::unique_ptr<WindowSystem> makeWindowSystem();
 [[nodiscard]] std::unique_ptr<TerminationSignals> makeTerminationSignals();

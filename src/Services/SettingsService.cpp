@@ -195,6 +195,11 @@ void SettingsService::setSyncedTemplateShowInDropdown(const QUuid& templateId, b
     saveSyncedTemplatePreferences(preferences);
 }
 
+void SettingsService::synchronize()
+{
+    m_defaults.synchronize();
+}
+
 qint64 SettingsService::positiveInteger(const QString& key, qint64 otherwise) const
 {
     const qint64 stored = m_defaults.integer(key);

@@ -67,6 +67,9 @@ public:
     [[nodiscard]] bool getSyncedTemplateShowInDropdown(const QUuid& templateId) const;
     void setSyncedTemplateShowInDropdown(const QUuid& templateId, bool showInDropdown);
 
+    /// Waits until what was set before the call is on the disk, or couldn't be written.
+    void synchronize();
+
 private:
     [[nodiscard]] qint64 positiveInteger(const QString& key, qint64 otherwise) const;
 

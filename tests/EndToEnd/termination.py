@@ -5,8 +5,11 @@ import random
 import signal
 import time
 import unittest
+from pathlib import Path
 
+import accessibility
 from desktop import Desktop
+from editor import Editor
 from notes import default_note
 from processes import wait_until
 
@@ -38,6 +41,23 @@ class Termination(unittest.TestCase):
             self.assertEqual(program.exit_status(), 0)
             [note] = desktop.notes()
             self.assertTrue(note.read_text().startswith("# worth the wait\n\nworth the wait\n"))
+
+    def test_a_setting_is_stored_though_the_disk_takes_its_time(self):
+        slow_disk = {"LD_PRELOAD": os.environ["JOTWELL_SLOW_DISK"]}
+        with Desktop(bus_services=accessibility.BUS_SERVICES) as desktop:
+            editor = Editor(desktop, program=slow_disk, RecentFilesCount=7)
+            editor.type("x /new_note")
+            editor.wait_for("x /new_note  $Default")
+            editor.press(*["BackSpace"] * len("Default"))
+            editor.wait_for_selected("Default")
+            editor.press("Down", "Down", "Return")
+            editor.wait_for("x /new_note  $Daily Note")
+            editor.program.send(signal.SIGTERM)
+            self.assertEqual(editor.program.exit_status(), 0)
+            path = Path(desktop.environment["XDG_CONFIG_HOME"], "com.jotwell/Jotwell.ini")
+            stored = dict(line.split("=", 1) for line in path.read_text().splitlines()[1:])
+            self.assertIn("LastUsedTemplateId", stored)
+            self.assertEqual(stored["RecentFilesCount"], "7")
 
     def test_a_note_is_whole_or_absent(self):
         chance = random.Random(1)

@@ -21,8 +21,9 @@ def _network_sockets(process):
     return [name for name in process.open_files() if name in inodes]
 
 
-def _last_check(desktop):
-    return Path(desktop.environment["HOME"], ".local/state/com.jotwell/LastUpdateCheck")
+def _has_stored_check(desktop):
+    settings = Path(desktop.environment["XDG_CONFIG_HOME"], "com.jotwell/Jotwell.ini")
+    return "\nLastUpdateCheck=" in settings.read_text()
 
 
 def _refusals(desktop):
@@ -45,7 +46,7 @@ class Updates(unittest.TestCase):
             wait_until(lambda: "refreshMenuBar" in program.output(), "the menu")
             for _ in range(20):
                 self.assertEqual(_network_sockets(program), [])
-            self.assertFalse(_last_check(desktop).exists())
+            self.assertFalse(_has_stored_check(desktop))
             self.end(desktop, program)
 
     def test_unreachable_host_is_a_line_in_the_log(self):
@@ -53,7 +54,7 @@ class Updates(unittest.TestCase):
         with Desktop() as desktop:
             program = self.start(desktop, LD_PRELOAD=library, FAKETIME=_QUICKLY)
             wait_until(lambda: _refusals(desktop), "a check")
-            self.assertTrue(_last_check(desktop).exists())
+            wait_until(lambda: _has_stored_check(desktop), "the time of the check")
             [refusal] = _refusals(desktop)
             self.assertIn("The update feed is of no use: ", refusal)
             self.assertEqual(desktop.visible_windows(), [])

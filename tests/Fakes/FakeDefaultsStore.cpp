@@ -52,6 +52,18 @@ void FakeDefaultsStore::remove(const QString& key)
     setValue(key, {});
 }
 
+void FakeDefaultsStore::synchronize()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_isSynchronized = true;
+}
+
+bool FakeDefaultsStore::isSynchronized() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_isSynchronized;
+}
+
 QStringList FakeDefaultsStore::keys() const
 {
     const QMutexLocker lock(&m_mutex);
@@ -67,6 +79,7 @@ QVariant FakeDefaultsStore::value(const QString& key) const
 void FakeDefaultsStore::setValue(const QString& key, const QVariant& value)
 {
     const QMutexLocker lock(&m_mutex);
+    m_isSynchronized = false;
     if (value.isValid())
         m_values.insert(key, value);
     else

@@ -21,6 +21,9 @@ public:
     void setInteger(const QString& key, qint64 value) override;
     void setBoolean(const QString& key, bool value) override;
     void remove(const QString& key) override;
+    void synchronize() override;
+    /// Nothing has been set since it was last waited for.
+    [[nodiscard]] bool isSynchronized() const;
 
     [[nodiscard]] QStringList keys() const override;
     [[nodiscard]] std::optional<ValueType> storedType(const QString& key) const override;
@@ -31,6 +34,7 @@ private:
 
     mutable QMutex m_mutex;
     QMap<QString, QVariant> m_values;
+    bool m_isSynchronized = true;
 };
 
 } // namespace jotwell

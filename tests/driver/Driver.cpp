@@ -7,7 +7,7 @@
 
 namespace jotwell {
 
-Driver::Driver(Session& session)
+Driver::Driver(Session& session) : m_defaults(session.platform().defaults())
 {
     addSessionOps(m_operations, session);
     addDefaultsOps(m_operations, session);
@@ -37,6 +37,7 @@ bool Driver::run(std::istream& input, std::FILE* output)
         if (bytes.trimmed().isEmpty())
             continue;
         const QByteArray answer = answerTo(bytes);
+        m_defaults.synchronize(); // whoever reads the file between two lines sees what stands
         const auto size = static_cast<std::size_t>(answer.size());
         if (std::fwrite(answer.constData(), 1, size, output) != size || std::fflush(output) != 0)
             return false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/DefaultsStore.h"
 #include "driver/Operations.h"
 
 #include <cstdio>
@@ -22,6 +23,7 @@ private:
     [[nodiscard]] QJsonValue info(Session& session) const;
     [[nodiscard]] QByteArray answerTo(const QByteArray& line) const;
 
+    DefaultsStore& m_defaults;
     Operations m_operations;
 };
 

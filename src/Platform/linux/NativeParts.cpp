@@ -73,7 +73,8 @@ std::unique_ptr<LoginItem> makeLoginItem(FileCalls& files)
                                           files);
 }
 
-std::unique_ptr<Updater> makeUpdater(const Clock& clock, Scheduler& scheduler, FileCalls& files)
+std::unique_ptr<Updater> makeUpdater(const Clock& clock, Scheduler& scheduler,
+                                     DefaultsStore& defaults)
 {
     const auto key =
         FeedKey::fromBase64(QByteArray(build::updateKey.data(), build::updateKey.size()));
@@ -81,7 +82,7 @@ std::unique_ptr<Updater> makeUpdater(const Clock& clock, Scheduler& scheduler, F
         return std::make_unique<NoUpdater>();
     return std::make_unique<FeedUpdater>(
         FeedRules{*key, versionNumber(build::version), QStringLiteral("linux")}, clock, scheduler,
-        files, stateFile(QStringLiteral("LastUpdateCheck")));
+        defaults);
 }
 
 std::unique_ptr<FolderPanel> makeFolderPanel()

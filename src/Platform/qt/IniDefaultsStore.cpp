@@ -9,12 +9,12 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QMutexLocker>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QThread>
 
 #include <cerrno>
+#include <utility>
 
 #include <sys/stat.h>
 
@@ -188,9 +188,14 @@ void IniDefaultsStore::remove(const QString& key)
     setValue(key, QVariant());
 }
 
+void IniDefaultsStore::synchronize()
+{
+    m_writer.wait();
+}
+
 QStringList IniDefaultsStore::keys() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::scoped_lock lock(m_mutex);
     load();
     return mergedContent().values.keys();
 }
@@ -211,30 +216,59 @@ std::optional<DefaultsStore::ValueType> IniDefaultsStore::storedType(const QStri
 
 QVariant IniDefaultsStore::value(const QString& key) const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::scoped_lock lock(m_mutex);
+    for (const Values* const ours : {&m_unsaved, &m_beingSaved}) {
+        const auto found = ours->find(key);
+        if (found != ours->end())
+            return *found;
+    }
     load();
-    const auto unsaved = m_unsaved.find(key);
-    return unsaved == m_unsaved.end() ? m_content.values.value(key) : *unsaved;
+    return m_content.values.value(key);
 }
 
 void IniDefaultsStore::setValue(const QString& key, const QVariant& value)
 {
-    const QMutexLocker writing(&m_writing);
-    QMutexLocker lock(&m_mutex);
-    m_unsaved.insert(key, value);
-    lock.unlock();
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_unsaved.insert(key, value);
+    }
+    m_writer.ask();
+}
+
+void IniDefaultsStore::write()
+{
+    if (!hasUnsaved())
+        return; // an earlier write has taken it along
     makeFolder();
     // Two programs that write at once must not undo one another's keys.
     QLockFile fileLock(m_filePath + QStringLiteral(".lock"));
     waitFor(fileLock);
-    lock.relock();
+    finishSave(save(takeUnsaved()));
+}
+
+bool IniDefaultsStore::hasUnsaved() const
+{
+    const std::scoped_lock lock(m_mutex);
+    return !m_unsaved.isEmpty();
+}
+
+IniDefaultsStore::Content IniDefaultsStore::takeUnsaved()
+{
+    const std::scoped_lock lock(m_mutex);
     load();
-    const Content content = mergedContent();
-    lock.unlock();
-    if (!save(content))
-        return;
-    lock.relock();
-    m_unsaved.clear(); // what stands in the file now is read from there
+    m_beingSaved = std::exchange(m_unsaved, {});
+    return mergedContent();
+}
+
+// What stands in the file now is read from there; what doesn't waits on, unless it was set again.
+void IniDefaultsStore::finishSave(bool isSaved)
+{
+    const std::scoped_lock lock(m_mutex);
+    if (!isSaved) {
+        m_beingSaved.insert(m_unsaved);
+        m_unsaved = m_beingSaved;
+    }
+    m_beingSaved.clear();
 }
 
 void IniDefaultsStore::makeFolder() const
@@ -271,11 +305,13 @@ IniDefaultsStore::Content IniDefaultsStore::readContent() const
 IniDefaultsStore::Content IniDefaultsStore::mergedContent() const
 {
     Content merged = m_content;
-    for (auto each = m_unsaved.begin(); each != m_unsaved.end(); ++each) {
-        if (each->isValid())
-            merged.values.insert(each.key(), *each);
-        else
-            merged.values.remove(each.key());
+    for (const Values* const ours : {&m_beingSaved, &m_unsaved}) {
+        for (auto each = ours->begin(); each != ours->end(); ++each) {
+            if (each->isValid())
+                merged.values.insert(each.key(), *each);
+            else
+                merged.values.remove(each.key());
+        }
     }
     return merged;
 }

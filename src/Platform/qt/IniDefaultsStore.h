@@ -1,23 +1,26 @@
 #pragma once
 
 #include "Platform/DefaultsStore.h"
+#include "Platform/qt/BackgroundWriter.h"
 #include "Support/AtomicFile.h"
 
 #include <QMap>
-#include <QMutex>
 #include <QVariant>
 
 #include <chrono>
+#include <mutex>
 
 namespace jotwell {
 
 /// The settings as an INI file of QSettings, private to the user. A reading never writes. A write
-/// replaces the file whole; if that fails, the value holds for the life of the process and goes out
-/// with the next write that succeeds. A write waits for the disk, a reading never for a write: the
-/// value counts from the call on. Changes that other programs make are seen at the next read.
+/// replaces the file whole, in the background: a value counts from the call on, and values that are
+/// set while the disk is written go out together behind that. If a write fails, its values hold for
+/// the life of the process and go out with the next one that succeeds. Changes that other programs
+/// make are seen at the next read.
 class IniDefaultsStore : public DefaultsStore {
 public:
-    /// `filePath` and its folder need not exist.
+    /// `filePath` and its folder need not exist. At the end the store waits until all that was set
+    /// has been tried once.
     IniDefaultsStore(QString filePath, FileCalls& files);
 
     [[nodiscard]] std::optional<QString> string(const QString& key) const override;
@@ -30,6 +33,7 @@ public:
     void setInteger(const QString& key, qint64 value) override;
     void setBoolean(const QString& key, bool value) override;
     void remove(const QString& key) override;
+    void synchronize() override;
 
     [[nodiscard]] QStringList keys() const override;
     [[nodiscard]] std::optional<ValueType> storedType(const QString& key) const override;
@@ -53,6 +57,10 @@ private:
 
     [[nodiscard]] QVariant value(const QString& key) const;
     void setValue(const QString& key, const QVariant& value);
+    void write();
+    [[nodiscard]] bool hasUnsaved() const;
+    [[nodiscard]] Content takeUnsaved();
+    void finishSave(bool isSaved);
     void makeFolder() const;
     void load() const;
     [[nodiscard]] Content readContent() const;
@@ -67,12 +75,13 @@ private:
     const QString m_filePath;
     FileCalls& m_calls;
     const AtomicFile m_file;
-    QMutex m_writing;       ///< held by the one write that is under way
-    mutable QMutex m_mutex; ///< for what follows, and never held while the disk syncs
+    mutable std::mutex m_mutex; ///< for what follows, and never held while the disk syncs
     mutable Content m_content;
     mutable FileIdentity m_identity;
     mutable bool m_isSettled = true; ///< another identity will mean another state of the file
-    Values m_unsaved;                ///< an invalid value stands for a removed key
+    Values m_beingSaved;             ///< an invalid value stands for a removed key
+    Values m_unsaved;                ///< likewise, and set later
+    BackgroundWriter m_writer{[this] { write(); }}; ///< goes first: it writes what is unsaved
 };
 
 } // namespace jotwell

@@ -32,13 +32,13 @@ struct NativePlatform::Parts {
     SteadyClock steadyClock;
     QtScheduler scheduler;
     std::unique_ptr<FileCalls> files = makeFileCalls();
+    IniDefaultsStore defaults;
     std::unique_ptr<FileSystems> fileSystems = makeFileSystems();
     std::unique_ptr<FolderWatcher> folders = makeFolderWatcher();
     std::unique_ptr<Workspace> workspace = makeWorkspace();
     std::unique_ptr<HotkeyChannels> hotkeys = makeHotkeyChannels();
     std::unique_ptr<LoginItem> loginItem = makeLoginItem(*files);
-    std::unique_ptr<Updater> updater = makeUpdater(clock, scheduler, *files);
-    IniDefaultsStore defaults;
+    std::unique_ptr<Updater> updater = makeUpdater(clock, scheduler, defaults);
     // The last, so that they go first: their work may use the others.
     QThreadPool database;
     QThreadPool bulk;

@@ -35,6 +35,7 @@ void store(TemplateSaved& outcome, SettingsService& settings)
         settings.setSyncedTemplateShowInDropdown(each.key(), each.value());
     if (save.lastUsed != settings.lastUsedTemplateId())
         settings.setLastUsedTemplateId(save.lastUsed);
+    settings.synchronize();
 }
 
 auto textFor(const std::shared_ptr<TemplateFile>& file)

@@ -1,21 +1,12 @@
 #include "Platform/qt/Updates/CheckSchedule.h"
 
-#include "Fakes/FailingFileCalls.h"
 #include "Fakes/FakeClock.h"
+#include "Fakes/FakeDefaultsStore.h"
 #include "Fakes/FakeScheduler.h"
-#include "Platform/linux/PosixFileCalls.h"
 #include "QtPrinters.h"
-#include "Support/FileText.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QSemaphore>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <memory>
 
 namespace jotwell {
@@ -28,7 +19,7 @@ class CheckScheduleTest : public testing::Test {
 protected:
     std::unique_ptr<CheckSchedule> newRun()
     {
-        auto schedule = std::make_unique<CheckSchedule>(m_clock, m_scheduler, m_files, m_file);
+        auto schedule = std::make_unique<CheckSchedule>(m_clock, m_scheduler, m_defaults);
         schedule->start([this, it = schedule.get()] {
             ++m_checks;
             it->noteCheck();
@@ -44,19 +35,10 @@ protected:
         }
     }
 
-    void write(const QByteArray& text) const
-    {
-        QDir().mkpath(QFileInfo(m_file).path());
-        QFile file(m_file);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
-
-    QTemporaryDir m_folder;
-    QString m_file = m_folder.filePath(u"state/com.jotwell/LastUpdateCheck"_qs);
+    const QString m_key = u"LastUpdateCheck"_qs;
     FakeClock m_clock;
     FakeScheduler m_scheduler;
-    FailingFileCalls m_files;
+    FakeDefaultsStore m_defaults;
     int m_checks = 0;
 };
 
@@ -69,11 +51,11 @@ TEST_F(CheckScheduleTest, FirstCheckComesMinutesAfterTheStart)
     EXPECT_EQ(m_checks, 1);
 }
 
-TEST_F(CheckScheduleTest, NothingIsReadOrWrittenBeforeTheFirstLook)
+TEST_F(CheckScheduleTest, NothingIsStoredBeforeTheFirstLook)
 {
     const auto schedule = newRun();
     pass(4min);
-    EXPECT_FALSE(QFileInfo::exists(QFileInfo(m_file).path()));
+    EXPECT_TRUE(m_defaults.keys().isEmpty());
 }
 
 TEST_F(CheckScheduleTest, ThereIsOneCheckADay)
@@ -146,74 +128,23 @@ TEST_F(CheckScheduleTest, EndedItChecksNoMore)
     EXPECT_EQ(m_checks, 0);
 }
 
-TEST_F(CheckScheduleTest, FileIsTheUsersAlone)
+TEST_F(CheckScheduleTest, TimeOfTheCheckIsStoredInSeconds)
 {
-    auto schedule = newRun();
+    const auto schedule = newRun();
     pass(5min);
-    schedule.reset();
-    QFile file(m_file);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray::number((FakeClock::usualTime + 5min).count()) + '\n');
-    EXPECT_EQ(file.permissions() & (QFile::ReadGroup | QFile::ReadOther), 0);
+    EXPECT_EQ(m_defaults.integer(m_key), (FakeClock::usualTime + 5min).count());
 }
 
-TEST_F(CheckScheduleTest, WhatIsNoTimeInTheFileIsNoCheck)
+TEST_F(CheckScheduleTest, WhatIsNoTimeIsNoCheck)
 {
     for (const char* text : {"", "yesterday", "-5", "99999999999999999999", "9223372036854775807",
                              "36028798728613935", "1709649967 and more"}) {
         m_checks = 0;
-        write(text);
+        m_defaults.setString(m_key, QString::fromLatin1(text));
         const auto schedule = newRun();
         pass(5min);
         EXPECT_EQ(m_checks, 1) << text;
     }
-}
-
-TEST_F(CheckScheduleTest, FolderInThePlaceOfTheFileDoesNotMakeItCheckMoreOften)
-{
-    ASSERT_TRUE(QDir().mkpath(m_file));
-    const auto schedule = newRun();
-    pass(12h);
-    EXPECT_EQ(m_checks, 1);
-}
-
-TEST_F(CheckScheduleTest, FullDiskDoesNotMakeItCheckMoreOften)
-{
-    m_files.failAt(0, ENOSPC);
-    auto schedule = newRun();
-    pass(12h);
-    schedule.reset();
-    EXPECT_TRUE(m_files.hasFailed());
-    EXPECT_FALSE(QFileInfo::exists(m_file));
-    EXPECT_EQ(m_checks, 1);
-}
-
-/// A disk that isn't done before it may be.
-class SlowFileCalls : public PosixFileCalls {
-public:
-    QSemaphore mayEnd;
-
-    int fsync(int descriptor) override
-    {
-        mayEnd.acquire();
-        return PosixFileCalls::fsync(descriptor);
-    }
-};
-
-TEST_F(CheckScheduleTest, NobodyWaitsForTheDisk)
-{
-    SlowFileCalls files;
-    {
-        CheckSchedule schedule(m_clock, m_scheduler, files, m_file);
-        schedule.noteCheck();
-        m_clock.advance(1min);
-        schedule.noteCheck();
-        EXPECT_FALSE(QFileInfo::exists(m_file));
-        files.mayEnd.release(10);
-    }
-    const auto kept = readFile(m_file);
-    ASSERT_TRUE(kept);
-    EXPECT_EQ(*kept, QByteArray::number((FakeClock::usualTime + 1min).count()) + '\n');
 }
 
 } // namespace

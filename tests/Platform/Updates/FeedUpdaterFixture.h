@@ -1,11 +1,11 @@
 #pragma once
 
 #include "Fakes/FakeClock.h"
+#include "Fakes/FakeDefaultsStore.h"
 #include "Fakes/FakeScheduler.h"
 #include "Platform/Updates/FeedServer.h"
 #include "Platform/Updates/SignedFeeds.h"
 #include "Platform/Updates/TestCertificates.h"
-#include "Platform/linux/PosixFileCalls.h"
 #include "Platform/qt/Updates/FeedUpdater.h"
 #include "QtPrinters.h"
 #include "Support/Logging.h"
@@ -13,7 +13,6 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QStringList>
-#include <QTemporaryDir>
 #include <QThread>
 
 #include <gmock/gmock.h>
@@ -98,13 +97,12 @@ protected:
     }
 
     FeedServer m_server;
-    QTemporaryDir m_folder;
     FakeClock m_clock;
     FakeScheduler m_scheduler;
-    PosixFileCalls m_files;
+    FakeDefaultsStore m_defaults;
     News m_news;
     QStringList m_log;
-    FeedUpdater m_updater{rules(), m_clock, m_scheduler, m_files, m_folder.filePath(u"last"_qs)};
+    FeedUpdater m_updater{rules(), m_clock, m_scheduler, m_defaults};
 };
 
 inline const SigningKey key;

@@ -18,7 +18,7 @@ protected:
     /// An updater by such rules doesn't get as far as to ask the host for anything.
     void expectNoHandshake(const FeedRules& rules)
     {
-        FeedUpdater updater(rules, m_clock, m_scheduler, m_files, m_folder.filePath(u"other"_qs));
+        FeedUpdater updater(rules, m_clock, m_scheduler, m_defaults);
         m_server.answerFeed(goodFeed);
         updater.start(&m_news);
         updater.checkForUpdates();

@@ -200,8 +200,7 @@ TEST_F(FeedUpdaterTest, DelegateThatGoesHearsNoMoreOfItsCheck)
 TEST_F(FeedUpdaterTest, UpdaterThatEndsBreaksItsCheckOff)
 {
     m_server.fallSilent();
-    auto updater = std::make_unique<FeedUpdater>(rules(), m_clock, m_scheduler, m_files,
-                                                 m_folder.filePath(u"other"_qs));
+    auto updater = std::make_unique<FeedUpdater>(rules(), m_clock, m_scheduler, m_defaults);
     updater->start(&m_news);
     updater->checkForUpdates();
     passTurns();

@@ -1,12 +1,9 @@
 #include "Platform/qt/Updates/CheckSchedule.h"
 
+#include "Platform/DefaultsStore.h"
 #include "Platform/Scheduler.h"
-#include "Support/Background.h"
-#include "Support/FileText.h"
-#include "Support/Logging.h"
 
-#include <QDir>
-#include <QFileInfo>
+#include <QString>
 
 #include <utility>
 
@@ -17,23 +14,14 @@ using std::chrono::seconds;
 
 namespace {
 
-void write(const AtomicFile& atomicFile, const QString& file, const QByteArray& bytes)
-{
-    QDir().mkpath(QFileInfo(file).path());
-    const auto written = atomicFile.write(file, bytes, AtomicFile::Permissions::ownerOnly);
-    if (!written)
-        logError(QStringLiteral("Updates"),
-                 QStringLiteral("The time of the check can't be kept: ") +
-                     written.error().description());
-}
+// In seconds since 1970.
+const QString lastUpdateCheck = QStringLiteral("LastUpdateCheck");
 
 } // namespace
 
-CheckSchedule::CheckSchedule(const Clock& clock, Scheduler& scheduler, FileCalls& files,
-                             QString file)
-    : m_clock(clock), m_scheduler(scheduler), m_atomicFile(files), m_file(std::move(file))
+CheckSchedule::CheckSchedule(const Clock& clock, Scheduler& scheduler, DefaultsStore& defaults)
+    : m_clock(clock), m_scheduler(scheduler), m_defaults(defaults)
 {
-    m_writing.setMaxThreadCount(1);
 }
 
 void CheckSchedule::start(std::function<void()> check)
@@ -45,8 +33,8 @@ void CheckSchedule::start(std::function<void()> check)
 
 void CheckSchedule::noteCheck()
 {
-    m_lastCheck = m_clock.now();
-    store(*m_lastCheck);
+    const auto now = m_clock.now().time_since_epoch();
+    m_defaults.setInteger(lastUpdateCheck, duration_cast<seconds>(now).count());
 }
 
 void CheckSchedule::lookAfter(std::chrono::minutes delay)
@@ -61,34 +49,22 @@ void CheckSchedule::lookAfter(std::chrono::minutes delay)
 // A check in the future was made by a clock that has been set back since.
 bool CheckSchedule::isDue()
 {
-    if (!m_lastCheck)
-        m_lastCheck = storedCheck();
-    if (!m_lastCheck)
+    const auto last = storedCheck();
+    if (!last)
         return true;
-    const auto since = m_clock.now() - *m_lastCheck;
+    const auto since = m_clock.now() - *last;
     return since < seconds(0) || since >= betweenChecks;
 }
 
 std::optional<Clock::TimePoint> CheckSchedule::storedCheck() const
 {
-    const auto text = readFile(m_file);
-    bool isNumber = false;
-    const qint64 time = text ? text->trimmed().toLongLong(&isNumber) : 0;
+    const qint64 time = m_defaults.integer(lastUpdateCheck);
     // What no clock shows, a clock couldn't count either.
     constexpr qint64 latest =
         duration_cast<seconds>(Clock::TimePoint::max().time_since_epoch()).count();
-    if (!isNumber || time < 0 || time > latest)
+    if (time <= 0 || time > latest)
         return std::nullopt;
     return Clock::TimePoint(seconds(time));
-}
-
-void CheckSchedule::store(Clock::TimePoint time)
-{
-    const qint64 count = duration_cast<seconds>(time.time_since_epoch()).count();
-    std::function<void()> work = [atomicFile = m_atomicFile, file = m_file, count] {
-        write(atomicFile, file, QByteArray::number(count) + '\n');
-    };
-    static_cast<void>(startInBackground(m_writing, std::move(work)));
 }
 
 } // namespace jotwell

@@ -1,11 +1,8 @@
 #pragma once
 
 #include "Platform/Clock.h"
-#include "Support/AtomicFile.h"
 
 #include <QObject>
-#include <QString>
-#include <QThreadPool>
 
 #include <functional>
 #include <memory>
@@ -13,20 +10,20 @@
 
 namespace jotwell {
 
+class DefaultsStore;
 class Scheduler;
 
 /// When the feed is to be read by itself: once a day by the wall clock, over all runs of the
 /// program. A long timer would sleep along with the machine, so the clock is looked at every half
-/// hour. Main thread only; the disk is waited for on a thread of its own, and at the end.
+/// hour. Main thread only.
 class CheckSchedule {
 public:
     static constexpr std::chrono::minutes untilFirstLook{5};
     static constexpr std::chrono::minutes betweenLooks{30};
     static constexpr std::chrono::hours betweenChecks{24};
 
-    /// The time of the last check is kept in `file`, which need not exist, nor its folder. What
-    /// can't be read or written there holds for the life of the process.
-    CheckSchedule(const Clock& clock, Scheduler& scheduler, FileCalls& files, QString file);
+    /// The time of the last check is kept in `defaults`.
+    CheckSchedule(const Clock& clock, Scheduler& scheduler, DefaultsStore& defaults);
 
     /// Runs `check` whenever one is due from now on; the first not before `untilFirstLook`.
     void start(std::function<void()> check);
@@ -40,16 +37,12 @@ private:
     void lookAfter(std::chrono::minutes delay);
     [[nodiscard]] bool isDue();
     [[nodiscard]] std::optional<Clock::TimePoint> storedCheck() const;
-    void store(Clock::TimePoint time);
 
     const Clock& m_clock;
     Scheduler& m_scheduler;
-    const AtomicFile m_atomicFile;
-    const QString m_file;
+    DefaultsStore& m_defaults;
     std::function<void()> m_check;
     std::unique_ptr<QObject> m_looks; ///< there while it runs
-    std::optional<Clock::TimePoint> m_lastCheck;
-    QThreadPool m_writing; ///< a single thread, so that the last time is the one that stays
 };
 
 } // namespace jotwell

@@ -9,9 +9,8 @@
 namespace jotwell {
 
 FeedUpdater::FeedUpdater(FeedRules rules, const Clock& clock, Scheduler& scheduler,
-                         FileCalls& files, const QString& stateFile)
-    : m_rules(std::move(rules)), m_scheduler(scheduler),
-      m_schedule(clock, scheduler, files, stateFile)
+                         DefaultsStore& defaults)
+    : m_rules(std::move(rules)), m_scheduler(scheduler), m_schedule(clock, scheduler, defaults)
 {
 }
 

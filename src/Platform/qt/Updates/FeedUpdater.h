@@ -25,9 +25,8 @@ struct FeedRules {
 /// Main thread only.
 class FeedUpdater : public Updater {
 public:
-    /// The time of the last check is kept in `stateFile`, which need not exist.
-    FeedUpdater(FeedRules rules, const Clock& clock, Scheduler& scheduler, FileCalls& files,
-                const QString& stateFile);
+    /// The time of the last check is kept in `defaults`.
+    FeedUpdater(FeedRules rules, const Clock& clock, Scheduler& scheduler, DefaultsStore& defaults);
     ~FeedUpdater() override;
 
     void start(UpdaterDelegate* delegate) override;
