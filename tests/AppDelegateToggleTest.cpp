@@ -109,6 +109,21 @@ TEST_F(AppDelegateToggleTest, WindowThatIsAnIconIsShownRatherThanHidden)
     EXPECT_TRUE(isWindowShown());
 }
 
+TEST_F(AppDelegateToggleTest, CoveredWindowIsBroughtToTheFrontRatherThanHidden)
+{
+    launch();
+    delegate->toggleFloatingWindow();
+    turn();
+    desktop.windows.coversWindows = true;
+    delegate->toggleFloatingWindow();
+    turn();
+    EXPECT_TRUE(isWindowShown());
+    EXPECT_FALSE(desktop.windows.coversWindows);
+    delegate->toggleFloatingWindow();
+    turn();
+    EXPECT_FALSE(isWindowShown());
+}
+
 TEST_F(AppDelegateToggleTest, DoorTogglesWhenItIsKnockedAtAndByAction)
 {
     launch();

@@ -42,7 +42,12 @@ public:
     /// Hands clicks outside `shape` to what lies behind `window`.
     virtual void setShape(QWindow* window, const WindowShape& shape) = 0;
 
-    /// Gives `window`, which has just been shown, the keyboard, whichever program has it now.
+    /// Whether nothing covers `window`, which is shown. Where no window can be kept above the
+    /// others, the one with the keyboard is in front.
+    [[nodiscard]] virtual bool isInFront(const QWindow* window) const = 0;
+
+    /// Gives `window`, which is shown, the first place and the keyboard, whichever program has them
+    /// now.
     virtual void activate(QWindow* window) = 0;
 
     /// The key's place on the keyboard, whatever is engraved there, as a virtual key code; nothing

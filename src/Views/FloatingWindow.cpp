@@ -97,6 +97,11 @@ bool FloatingWindow::isOnScreen() const
     return isVisible() && !windowStates().testFlag(Qt::WindowMinimized);
 }
 
+bool FloatingWindow::isInFront() const
+{
+    return isOnScreen() && m_windowSystem.isInFront(this);
+}
+
 void FloatingWindow::makeKeyAndOrderFront()
 {
     // Only restored: hidden and shown at once, it is lost by a window manager that is still at work

@@ -26,6 +26,8 @@ public:
 
     /// Neither hidden nor put away by a window manager.
     [[nodiscard]] bool isOnScreen() const;
+    /// On screen, and nothing covers it.
+    [[nodiscard]] bool isInFront() const;
     /// Moves to the middle of the main screen; stays where it is if there is none.
     void centre();
     /// Whether an input method is at work in the text field.
