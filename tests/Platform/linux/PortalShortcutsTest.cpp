@@ -115,6 +115,31 @@ TEST_F(PortalShortcutsTest, OtherShortcutsAreNotOurs)
     EXPECT_TRUE(hears(portal));
 }
 
+TEST_F(PortalShortcutsTest, TellsOnceThatNoPortalCanAsk)
+{
+    int times = 0;
+    shortcuts.ask(ctrlAltB, [&times] { ++times; });
+    EXPECT_TRUE(soon([&times] { return times > 0; }));
+    FakeShortcutsPortal portal; // is asked again, as it has come since
+    EXPECT_TRUE(isGivenSoon());
+    shortcuts.ask(ctrlAltB, [&times] { ++times; });
+    QTest::qWait(longEnoughForTheBus);
+    EXPECT_EQ(times, 1);
+}
+
+TEST_F(PortalShortcutsTest, TellsNothingWhereNobodyWishedToBeAsked)
+{
+    const auto channel = listen();
+    QTest::qWait(longEnoughForTheBus);
+    int times = 0;
+    FakeShortcutsPortal portal(Answer::denied);
+    shortcuts.ask(ctrlAltB, [&times] { ++times; });
+    EXPECT_TRUE(
+        soon([&] { return portal.calls.contains(u"portal.GlobalShortcuts.BindShortcuts"_qs); }));
+    QTest::qWait(longEnoughForTheBus);
+    EXPECT_EQ(times, 0);
+}
+
 struct PortalRow {
     const char* name;
     Answer answer;
