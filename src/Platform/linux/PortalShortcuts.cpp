@@ -164,7 +164,6 @@ void PortalShortcuts::tellThatItCannotAsk()
 
 void PortalShortcuts::bind()
 {
-    m_cannotAsk = {};
     m_bus.connect(DesktopPortal::service, m_session, sessionInterface, QStringLiteral("Closed"),
                   this, SLOT(sessionClosed()));
     const QString token = nextToken();
