@@ -1,22 +1,13 @@
 #include "Platform/linux/KeyboardSettings.h"
 
+#include "Platform/linux/DesktopName.h"
+
 #include <QProcess>
 #include <QStandardPaths>
-#include <QStringList>
 
 #include <cstdio>
 
 namespace jotwell {
-
-namespace {
-
-// A list, as distributions put their own name before the desktop's.
-bool isGnome()
-{
-    return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':').contains(u"GNOME");
-}
-
-} // namespace
 
 void openKeyboardSettings()
 {

@@ -127,6 +127,17 @@ TEST_F(PortalShortcutsTest, TellsOnceThatNoPortalCanAsk)
     EXPECT_EQ(times, 1);
 }
 
+TEST_F(PortalShortcutsTest, TellsThatItCannotAskForAKeyWithoutAName)
+{
+    FakeShortcutsPortal portal;
+    int times = 0;
+    constexpr Hotkey nameless{1000, 0x180000};
+    shortcuts.ask(nameless, [&times] { ++times; });
+    EXPECT_EQ(times, 1);
+    QTest::qWait(longEnoughForTheBus);
+    EXPECT_THAT(portal.calls, IsEmpty());
+}
+
 TEST_F(PortalShortcutsTest, TellsNothingOfALaterPortalThatCannotAsk)
 {
     int times = 0;
