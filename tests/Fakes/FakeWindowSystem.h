@@ -15,7 +15,7 @@ namespace jotwell {
 class FakeWindowSystem : public WindowSystem {
 public:
     bool hasScreen = true;
-    bool coversWindows = false; ///< with another program's
+    bool coversWindows = false; ///< with another program's, until one is shown
     int accessories = 0;        ///< calls of `makeAccessory`
     int shapes = 0;             ///< calls of `setShape`
     WindowShape shape;          ///< of the last of them

@@ -40,14 +40,6 @@ void askForFocus(xcb_window_t window)
                    reinterpret_cast<const char*>(&message));
 }
 
-// Wayland knows no raising, and a compositor may answer a wish for the keyboard with a mere notice,
-// even if it comes with a token. A window that has just come is in front and has the keyboard.
-void comeUpAgain(QWindow* window)
-{
-    window->setVisible(false);
-    window->setVisible(true);
-}
-
 } // namespace
 
 XcbWindowSystem::XcbWindowSystem() : m_selections({compositor, windowManager}) {}
@@ -99,10 +91,9 @@ void XcbWindowSystem::setShape(QWindow* window, const WindowShape& shape)
         window->setMask(pixelsOf({shape.rect, shape.radius}));
 }
 
-// What a compositor hasn't shown yet is on its way to the front.
 bool XcbWindowSystem::isInFront(const QWindow* window) const
 {
-    return xcbConnection() || window->isActive() || !window->isExposed();
+    return xcbConnection() || window->isActive();
 }
 
 void XcbWindowSystem::activate(QWindow* window)
@@ -110,8 +101,6 @@ void XcbWindowSystem::activate(QWindow* window)
     window->raise();
     auto* connection = xcbConnection();
     if (!connection) {
-        if (!isInFront(window))
-            comeUpAgain(window);
         window->requestActivate();
         return;
     }
