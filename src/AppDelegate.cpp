@@ -163,7 +163,7 @@ void AppDelegate::performToggleFloatingWindow()
 {
     if (!m_floatingWindow)
         return;
-    if (m_floatingWindow->isOnScreen()) {
+    if (m_floatingWindow->isInFront()) {
         m_floatingWindow->hide();
         return;
     }

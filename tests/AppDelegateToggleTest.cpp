@@ -109,6 +109,38 @@ TEST_F(AppDelegateToggleTest, WindowThatIsAnIconIsShownRatherThanHidden)
     EXPECT_TRUE(isWindowShown());
 }
 
+TEST_F(AppDelegateToggleTest, CoveredWindowIsBroughtToTheFrontRatherThanHidden)
+{
+    launch();
+    delegate->toggleFloatingWindow();
+    turn();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(floatingWindow()));
+    desktop.windows.coversWindows = true;
+    delegate->toggleFloatingWindow();
+    turn();
+    EXPECT_TRUE(isWindowShown());
+    EXPECT_FALSE(desktop.windows.coversWindows);
+    delegate->toggleFloatingWindow();
+    turn();
+    EXPECT_FALSE(isWindowShown());
+}
+
+TEST_F(AppDelegateToggleTest, WindowThatHasNotGotTheKeyboardYetIsHidden)
+{
+    launch();
+    delegate->toggleFloatingWindow();
+    turn();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(floatingWindow()));
+    delegate->toggleFloatingWindow();
+    turn();
+    delegate->toggleFloatingWindow();
+    turn();
+    desktop.windows.coversWindows = true;
+    delegate->toggleFloatingWindow();
+    turn();
+    EXPECT_FALSE(isWindowShown());
+}
+
 TEST_F(AppDelegateToggleTest, DoorTogglesWhenItIsKnockedAtAndByAction)
 {
     launch();

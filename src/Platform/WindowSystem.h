@@ -42,6 +42,10 @@ public:
     /// Hands clicks outside `shape` to what lies behind `window`.
     virtual void setShape(QWindow* window, const WindowShape& shape) = 0;
 
+    /// Whether nothing covers `window`, or it can be brought to the front as it is. Where windows
+    /// can't be raised, that is the one with the keyboard; any other has to come up anew.
+    [[nodiscard]] virtual bool isInFront(const QWindow* window) const = 0;
+
     /// Gives `window`, which has just been shown, the keyboard, whichever program has it now.
     virtual void activate(QWindow* window) = 0;
 

@@ -97,11 +97,18 @@ bool FloatingWindow::isOnScreen() const
     return isVisible() && !windowStates().testFlag(Qt::WindowMinimized);
 }
 
+bool FloatingWindow::isInFront() const
+{
+    return isOnScreen() && (!m_hadKeyboard || m_windowSystem.isInFront(this));
+}
+
 void FloatingWindow::makeKeyAndOrderFront()
 {
     // Only restored: hidden and shown at once, it is lost by a window manager that is still at work
     // on the first of it.
     setWindowStates(windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
+    if (!m_windowSystem.isInFront(this))
+        hide();
     // A window manager forgets these when it takes a window off the screen.
     m_windowSystem.makeAccessory(this);
     updateShape();
@@ -133,6 +140,18 @@ void FloatingWindow::exposeEvent(QExposeEvent* event)
         return;
     m_shape.reset();
     updateShape();
+}
+
+void FloatingWindow::focusInEvent(QFocusEvent* event)
+{
+    QQuickView::focusInEvent(event);
+    m_hadKeyboard = true;
+}
+
+void FloatingWindow::showEvent(QShowEvent* event)
+{
+    m_hadKeyboard = false;
+    QQuickView::showEvent(event);
 }
 
 void FloatingWindow::closeEvent(QCloseEvent* event)

@@ -26,6 +26,8 @@ public:
 
     /// Neither hidden nor put away by a window manager.
     [[nodiscard]] bool isOnScreen() const;
+    /// On screen and covered by nothing, or about to be.
+    [[nodiscard]] bool isInFront() const;
     /// Moves to the middle of the main screen; stays where it is if there is none.
     void centre();
     /// Whether an input method is at work in the text field.
@@ -35,6 +37,8 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void exposeEvent(QExposeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void load();
@@ -49,6 +53,7 @@ private:
     QMetaObject::Connection m_screenConnection;
     std::optional<WindowShape> m_shape; ///< that the window system has been told
     bool m_wasExposed = false;
+    bool m_hadKeyboard = false; ///< since it was shown
     bool m_hasAppeared = false;
 };
 

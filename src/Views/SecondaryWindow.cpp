@@ -51,6 +51,8 @@ void SecondaryWindow::centre(QSize size)
 void SecondaryWindow::makeKeyAndOrderFront()
 {
     setWindowStates(windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
+    if (!m_windowSystem.isInFront(this))
+        setVisible(false);
     setVisible(true);
     m_windowSystem.activate(this);
 }

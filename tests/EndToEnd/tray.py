@@ -1,13 +1,17 @@
 """The desktop's tray gets Jotwell's item, whichever of the two is there first."""
 
 import contextlib
+import shutil
 import unittest
+from pathlib import Path
 
 from desktop import Desktop
 from notifier_tray import NotifierTray
 from processes import wait_until
 
 ICON = '"jotwell": ("jotwell" "jotwell")  2'  # a window of 22 pixels or so
+ICONS = Path(__file__).parents[2] / "resources/icons"
+SYMBOLIC = "com.jotwell.Jotwell-symbolic"
 
 
 class X11Tray(unittest.TestCase):
@@ -71,6 +75,20 @@ class NotifierTrays(unittest.TestCase):
         hotkey = {"GlobalHotkeyCode": 49, "GlobalHotkeyModifiers": 0x20000 | 0x40000}
         with self.program(**hotkey) as (_, tray, _):
             self.assertEqual(self.shortcuts(tray)["Open"], [["Super", "Shift", "Space"]])
+
+    def test_icon_goes_by_a_name_that_gnome_gives_its_own_colour(self):
+        for desktop_name, name in ("GNOME", SYMBOLIC), ("XFCE", ""):
+            with self.subTest(desktop_name), Desktop() as desktop:
+                data = Path(desktop.environment["XDG_DATA_HOME"])
+                folder = data / "icons/hicolor/symbolic/apps"
+                folder.mkdir(parents=True)
+                shutil.copy(ICONS / f"{SYMBOLIC}.svg", folder)
+                desktop.write_settings(OnboardingCompleted="true")
+                tray = NotifierTray(desktop)
+                desktop.start_program(XDG_CURRENT_DESKTOP=desktop_name)
+                tray.wait_for_item()
+                self.assertEqual(tray.property("IconName"), name)
+                self.assertTrue(tray.property("IconPixmap"))
 
     def test_open_toggles_the_window(self):
         with self.program() as (desktop, tray, _):

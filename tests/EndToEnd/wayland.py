@@ -1,5 +1,6 @@
 """Jotwell under a Wayland compositor without any portal: the window comes, captures and goes."""
 
+import json
 import os
 import shutil
 import signal
@@ -31,6 +32,8 @@ class WaylandDesktop(Desktop):
         [ipc] = wait_until(lambda: list(runtime.glob("sway-ipc*")), "the compositor")
         [lock] = wait_until(lambda: list(runtime.glob("wayland-*.lock")), "its socket")
         self.environment |= {"SWAYSOCK": str(ipc), "WAYLAND_DISPLAY": lock.stem}
+        # One keyboard stays: without any, no window would be told that it has the focus.
+        self.spawn("keyboard", ["wtype", "-s", str(24 * 60 * 60 * 1000)])
 
     def give_to_user(self):
         for path in [self.folder, *self.folder.rglob("*")] if BY_USER else []:
@@ -48,6 +51,20 @@ class WaylandDesktop(Desktop):
 
     def wait_for_window(self):
         wait_until(self.visible_windows, "the capture window")
+
+    def window_with_keyboard(self):
+        nodes = [json.loads(self.ask("swaymsg", "--type", "get_tree", "--raw"))]
+        for node in nodes:  # which grows meanwhile
+            nodes += node["nodes"] + node["floating_nodes"]
+        return next((node["name"] for node in nodes if node["focused"]), None)
+
+    def wait_for_keyboard(self, name):
+        wait_until(lambda: self.window_with_keyboard() == name, f"the keyboard for {name}")
+
+    def act(self, action):
+        self.ask("gdbus", "call", "--session", "--dest", "com.jotwell.Jotwell", "--object-path",
+                 "/com/jotwell/Jotwell", "--method", "org.freedesktop.Application.ActivateAction",
+                 action, "[]", "{}")
 
     def send_keys(self, *keys):
         # A keyboard that has just been plugged in loses its first key.
@@ -88,6 +105,26 @@ class Wayland(unittest.TestCase):
             desktop.wait_for_no_window()
             jotwell.send(signal.SIGTERM)
             self.assertEqual(jotwell.exit_status(), 0)
+            self.assertEqual(complaints_of(jotwell), [])
+
+    def test_covered_windows_come_to_the_front(self):
+        with WaylandDesktop() as desktop:
+            desktop.write_settings(ObsidianFolderPath=desktop.vault, OnboardingCompleted="true")
+            desktop.give_to_user()
+            jotwell = desktop.start_program(**ENVIRONMENT)
+            self.call_up(desktop)
+            desktop.wait_for_keyboard("Jotwell")
+            desktop.act("settings")
+            desktop.wait_for_keyboard("Settings")
+            self.toggle(desktop)
+            desktop.wait_for_keyboard("Jotwell")
+            desktop.act("settings")
+            desktop.wait_for_keyboard("Settings")
+            desktop.act("toggle")
+            desktop.wait_for_keyboard("Jotwell")
+            self.toggle(desktop)
+            desktop.wait_for_no_window()
+            desktop.wait_for_keyboard("Settings")
             self.assertEqual(complaints_of(jotwell), [])
 
     def test_compositor_that_goes(self):

@@ -15,9 +15,10 @@ namespace jotwell {
 class FakeWindowSystem : public WindowSystem {
 public:
     bool hasScreen = true;
-    int accessories = 0; ///< calls of `makeAccessory`
-    int shapes = 0;      ///< calls of `setShape`
-    WindowShape shape;   ///< of the last of them
+    bool coversWindows = false; ///< with another program's, until one is shown
+    int accessories = 0;        ///< calls of `makeAccessory`
+    int shapes = 0;             ///< calls of `setShape`
+    WindowShape shape;          ///< of the last of them
 
     void setCompositing(bool compositing)
     {
@@ -40,7 +41,12 @@ public:
         ++shapes;
         shape = its;
     }
-    void activate(QWindow* window) override { window->requestActivate(); }
+    [[nodiscard]] bool isInFront(const QWindow*) const override { return !coversWindows; }
+    void activate(QWindow* window) override
+    {
+        coversWindows = false;
+        window->requestActivate();
+    }
     [[nodiscard]] std::optional<int> keyCode(const QKeyEvent& event) const override
     {
         return static_cast<int>(event.nativeScanCode());

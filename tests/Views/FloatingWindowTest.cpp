@@ -86,6 +86,18 @@ TEST_F(FloatingWindowTest, ClosingOnlyHides)
     EXPECT_EQ(shownText(), QStringLiteral("kept"));
 }
 
+TEST_F(FloatingWindowTest, ComesUpAnewWhereItCannotBeRaised)
+{
+    show();
+    EXPECT_TRUE(window.isInFront());
+    windowSystem.coversWindows = true;
+    EXPECT_FALSE(window.isInFront());
+    const QSignalSpy visible(&window, &QWindow::visibleChanged);
+    window.makeKeyAndOrderFront();
+    EXPECT_EQ(visible.count(), 2);
+    EXPECT_TRUE(window.isInFront());
+}
+
 TEST_F(FloatingWindowTest, ComesBackFromAnIcon)
 {
     EXPECT_FALSE(window.isOnScreen());

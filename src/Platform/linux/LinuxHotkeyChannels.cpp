@@ -1,5 +1,6 @@
 #include "Platform/linux/LinuxHotkeyChannels.h"
 
+#include "Platform/linux/KeyboardSettings.h"
 #include "Platform/linux/PortalShortcuts.h"
 #include "Platform/linux/StateFolder.h"
 #include "Platform/linux/XcbConnection.h"
@@ -32,7 +33,7 @@ bool LinuxHotkeyChannels::isTrusted() const
 void LinuxHotkeyChannels::askForTrust(const Hotkey& hotkey)
 {
     if (!hasKeysOfServer())
-        portal().ask(hotkey);
+        portal().ask(hotkey, openKeyboardSettings);
 }
 
 std::unique_ptr<HotkeyChannel> LinuxHotkeyChannels::createEventTap(const Hotkey& hotkey,

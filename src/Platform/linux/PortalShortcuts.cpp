@@ -73,10 +73,14 @@ PortalShortcuts::~PortalShortcuts()
     QDBusConnection::disconnectFromBus(m_bus.name());
 }
 
-void PortalShortcuts::ask(const Hotkey& hotkey)
+void PortalShortcuts::ask(const Hotkey& hotkey, std::function<void()> cannotAsk)
 {
-    if (m_state != State::bound || m_hotkey != hotkey)
-        begin(hotkey);
+    if (m_state == State::bound && m_hotkey == hotkey)
+        return;
+    begin(hotkey);
+    m_cannotAsk = std::move(cannotAsk);
+    if (m_state == State::idle)
+        tellThatItCannotAsk();
 }
 
 std::unique_ptr<HotkeyChannel> PortalShortcuts::listen(const Hotkey& hotkey,
@@ -93,6 +97,7 @@ std::unique_ptr<HotkeyChannel> PortalShortcuts::listen(const Hotkey& hotkey,
 
 void PortalShortcuts::begin(const Hotkey& hotkey)
 {
+    m_cannotAsk = {};
     end();
     if (!m_bus.isConnected() || triggerOf(hotkey).isEmpty())
         return;
@@ -142,11 +147,19 @@ void PortalShortcuts::createSession()
     m_request->call(DesktopPortal::call(interface, QStringLiteral("CreateSession"), {options}),
                     [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
                         m_session = results.value(QStringLiteral("session_handle")).toString();
-                        if (outcome == PortalRequest::Outcome::granted && !m_session.isEmpty())
+                        if (outcome == PortalRequest::Outcome::granted && !m_session.isEmpty()) {
                             bind();
-                        else
+                        } else {
                             lose();
+                            tellThatItCannotAsk();
+                        }
                     });
+}
+
+void PortalShortcuts::tellThatItCannotAsk()
+{
+    if (const auto cannotAsk = std::exchange(m_cannotAsk, {}))
+        cannotAsk();
 }
 
 void PortalShortcuts::bind()

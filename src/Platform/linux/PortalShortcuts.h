@@ -6,6 +6,7 @@
 #include <QDBusConnection>
 #include <QObject>
 
+#include <functional>
 #include <optional>
 
 class QDBusObjectPath;
@@ -25,8 +26,9 @@ public:
     explicit PortalShortcuts(PortalPermission& permission);
     ~PortalShortcuts() override;
 
-    /// Asks the user, unless the desktop has given us this shortcut already.
-    void ask(const Hotkey& hotkey);
+    /// Asks the user, unless the desktop has given us this shortcut already. Calls `cannotAsk` once
+    /// if there is no portal that would.
+    void ask(const Hotkey& hotkey, std::function<void()> cannotAsk = {});
 
     /// Asks for the shortcut if that isn't under way, and calls `handler` at each press for as long
     /// as the channel lives; null without a bus. One at a time.
@@ -43,6 +45,7 @@ private:
     void introduceProgram();
     void createSession();
     void bind();
+    void tellThatItCannotAsk();
     void takeBinding(PortalRequest::Outcome outcome, const QVariantMap& results);
     void lose();
     void portalChanged(const QString& oldOwner, const QString& newOwner);
@@ -52,6 +55,7 @@ private:
     PortalPermission& m_permission;
     QDBusConnection m_bus;
     HotkeyChannels::MonitorHandler m_handler;
+    std::function<void()> m_cannotAsk;
     State m_state = State::idle;
     Hotkey m_hotkey;
     QString m_session;                       ///< the path of its object; empty if there is none

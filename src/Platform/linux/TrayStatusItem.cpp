@@ -1,5 +1,6 @@
 #include "Platform/linux/TrayStatusItem.h"
 
+#include "Platform/linux/DesktopName.h"
 #include "Platform/linux/XcbConnection.h"
 
 #include <QCoreApplication>
@@ -19,6 +20,13 @@ namespace {
 
 const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
+
+// GNOME's bar is dark whatever the palette says, and has its own colour for what it knows by name.
+QIcon iconFor(const QIcon& icon)
+{
+    return isGnome() ? QIcon::fromTheme(QStringLiteral("com.jotwell.Jotwell-symbolic"), icon)
+                     : icon;
+}
 
 // An ampersand would be taken for the mark of a letter.
 QString shown(QString title)
@@ -125,7 +133,7 @@ void TrayStatusItem::makeIcon()
 {
     if (m_trayIcon)
         return;
-    m_trayIcon = std::make_unique<QSystemTrayIcon>(m_icon);
+    m_trayIcon = std::make_unique<QSystemTrayIcon>(iconFor(m_icon));
     m_trayIcon->setToolTip(m_description);
     m_trayIcon->setContextMenu(m_menu.get());
     connect(m_trayIcon.get(), &QSystemTrayIcon::activated, this,

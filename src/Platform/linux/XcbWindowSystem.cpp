@@ -91,6 +91,11 @@ void XcbWindowSystem::setShape(QWindow* window, const WindowShape& shape)
         window->setMask(pixelsOf({shape.rect, shape.radius}));
 }
 
+bool XcbWindowSystem::isInFront(const QWindow* window) const
+{
+    return xcbConnection() || window->isActive();
+}
+
 void XcbWindowSystem::activate(QWindow* window)
 {
     window->raise();

@@ -16,6 +16,7 @@ public:
     void watchCompositing(std::function<void()> changed) override;
     void makeAccessory(QWindow* window) override;
     void setShape(QWindow* window, const WindowShape& shape) override;
+    [[nodiscard]] bool isInFront(const QWindow* window) const override;
     void activate(QWindow* window) override;
     [[nodiscard]] std::optional<int> keyCode(const QKeyEvent& event) const override;
 

@@ -77,6 +77,19 @@ TEST(DBusInstanceDoor, TakesTheActivationTokenOver)
     qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 
+TEST(DBusInstanceDoor, ForgetsATokenThatNothingCameOf)
+{
+    DBusInstanceDoor door;
+    ASSERT_EQ(door.claim(), Claim::owner);
+    Visitor visitor;
+    visitor.answerAt(door);
+    const auto second = startChild(ChildRole::start);
+    qputenv("XDG_ACTIVATION_TOKEN", "token-0");
+    exitStatus(*second);
+    EXPECT_EQ(visitor.activations, 1);
+    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+}
+
 TEST(DBusInstanceDoor, PerformsActionsByTheirName)
 {
     DBusInstanceDoor door;

@@ -115,6 +115,44 @@ TEST_F(PortalShortcutsTest, OtherShortcutsAreNotOurs)
     EXPECT_TRUE(hears(portal));
 }
 
+TEST_F(PortalShortcutsTest, TellsOnceThatNoPortalCanAsk)
+{
+    int times = 0;
+    shortcuts.ask(ctrlAltB, [&times] { ++times; });
+    EXPECT_TRUE(soon([&times] { return times > 0; }));
+    FakeShortcutsPortal portal; // is asked again, as it has come since
+    EXPECT_TRUE(isGivenSoon());
+    shortcuts.ask(ctrlAltB, [&times] { ++times; });
+    QTest::qWait(longEnoughForTheBus);
+    EXPECT_EQ(times, 1);
+}
+
+TEST_F(PortalShortcutsTest, TellsThatItCannotAskForAKeyWithoutAName)
+{
+    FakeShortcutsPortal portal;
+    int times = 0;
+    constexpr Hotkey nameless{1000, 0x180000};
+    shortcuts.ask(nameless, [&times] { ++times; });
+    EXPECT_EQ(times, 1);
+    QTest::qWait(longEnoughForTheBus);
+    EXPECT_THAT(portal.calls, IsEmpty());
+}
+
+TEST_F(PortalShortcutsTest, TellsNothingOfALaterPortalThatCannotAsk)
+{
+    int times = 0;
+    {
+        FakeShortcutsPortal portal;
+        shortcuts.ask(ctrlAltB, [&times] { ++times; });
+        ASSERT_TRUE(isGivenSoon());
+    }
+    QTest::qWait(longEnoughForTheBus);
+    FakeShortcutsPortal portal(Answer::granted, {Trait::refusing});
+    EXPECT_TRUE(soon([&] { return portal.calls.size() == 2; }));
+    QTest::qWait(longEnoughForTheBus);
+    EXPECT_EQ(times, 0) << "the user's wish was granted long ago";
+}
+
 struct PortalRow {
     const char* name;
     Answer answer;
