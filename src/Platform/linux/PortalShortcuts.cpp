@@ -21,6 +21,10 @@ const QString interface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts
 const QString sessionInterface = QStringLiteral("org.freedesktop.portal.Session");
 const QString registryInterface = QStringLiteral("org.freedesktop.host.portal.Registry");
 const QString applicationId = QStringLiteral("com.jotwell.Jotwell");
+const QString shortcutsKey = QStringLiteral("shortcuts");
+
+// Plasma 5 keeps the user's keys below this name, and shows it: it has to be the same in each run.
+const QString sessionToken = QStringLiteral("Jotwell");
 
 // A connection of our own: a portal takes a program for the one that its first word came from.
 QDBusConnection ownConnection()
@@ -76,7 +80,7 @@ PortalShortcuts::~PortalShortcuts()
 void PortalShortcuts::ask(const Hotkey& hotkey)
 {
     if (m_state != State::bound || m_hotkey != hotkey)
-        begin(hotkey);
+        begin(hotkey, Wish::ofUser);
 }
 
 std::unique_ptr<HotkeyChannel> PortalShortcuts::listen(const Hotkey& hotkey,
@@ -87,16 +91,17 @@ std::unique_ptr<HotkeyChannel> PortalShortcuts::listen(const Hotkey& hotkey,
     m_handler = std::move(handler);
     const bool isUnderWay = m_state == State::asking || m_state == State::bound;
     if (!isUnderWay || m_hotkey != hotkey)
-        begin(hotkey);
+        begin(hotkey, Wish::ofProgram);
     return std::make_unique<Listener>(this);
 }
 
-void PortalShortcuts::begin(const Hotkey& hotkey)
+void PortalShortcuts::begin(const Hotkey& hotkey, Wish wish)
 {
     end();
     if (!m_bus.isConnected() || triggerOf(hotkey).isEmpty())
         return;
     m_hotkey = hotkey;
+    m_wish = wish;
     m_state = State::asking;
     introduceProgram();
 }
@@ -133,34 +138,44 @@ void PortalShortcuts::introduceProgram()
             [this] { createSession(); });
 }
 
+// Plasma 5 wants the shortcuts here already; others don't look for them.
 void PortalShortcuts::createSession()
 {
     const QString token = nextToken();
     const QVariantMap options{{QStringLiteral("handle_token"), token},
-                              {QStringLiteral("session_handle_token"), token}};
+                              {QStringLiteral("session_handle_token"), sessionToken},
+                              {shortcutsKey, shortcuts()}};
     m_request.reset(new PortalRequest(m_bus, token));
     m_request->call(DesktopPortal::call(interface, QStringLiteral("CreateSession"), {options}),
                     [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
-                        m_session = results.value(QStringLiteral("session_handle")).toString();
-                        if (outcome == PortalRequest::Outcome::granted && !m_session.isEmpty())
-                            bind();
-                        else
-                            lose();
+                        takeSession(outcome, results);
                     });
+}
+
+// A shortcut that comes with the session is bound. Plasma 5 answers the wish to bind it by opening
+// its settings, which only the user may ask for.
+void PortalShortcuts::takeSession(PortalRequest::Outcome outcome, const QVariantMap& results)
+{
+    m_session = results.value(QStringLiteral("session_handle")).toString();
+    if (outcome != PortalRequest::Outcome::granted || m_session.isEmpty()) {
+        lose();
+        return;
+    }
+    m_bus.connect(DesktopPortal::service, m_session, sessionInterface, QStringLiteral("Closed"),
+                  this, SLOT(sessionClosed()));
+    const bool isBound =
+        results.contains(shortcutsKey) && isNamed(shortcutId(), results.value(shortcutsKey));
+    if (isBound && m_wish == Wish::ofProgram)
+        takeBinding(outcome, results);
+    else
+        bind();
 }
 
 void PortalShortcuts::bind()
 {
-    m_bus.connect(DesktopPortal::service, m_session, sessionInterface, QStringLiteral("Closed"),
-                  this, SLOT(sessionClosed()));
     const QString token = nextToken();
-    const PortalShortcut shortcut{
-        shortcutId(),
-        {{QStringLiteral("description"), QStringLiteral("Show or hide Jotwell")},
-         {QStringLiteral("preferred_trigger"), triggerOf(m_hotkey)}}};
-    const QVariantList arguments{QVariant::fromValue(QDBusObjectPath(m_session)),
-                                 QVariant::fromValue(QList<PortalShortcut>{shortcut}), QString(),
-                                 QVariantMap{{QStringLiteral("handle_token"), token}}};
+    const QVariantList arguments{QVariant::fromValue(QDBusObjectPath(m_session)), shortcuts(),
+                                 QString(), QVariantMap{{QStringLiteral("handle_token"), token}}};
     m_request.reset(new PortalRequest(m_bus, token));
     m_request->call(DesktopPortal::call(interface, QStringLiteral("BindShortcuts"), arguments),
                     [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
@@ -175,7 +190,7 @@ void PortalShortcuts::takeBinding(PortalRequest::Outcome outcome, const QVariant
         return;
     }
     const bool isBound = outcome == PortalRequest::Outcome::granted &&
-                         isNamed(shortcutId(), results.value(QStringLiteral("shortcuts")));
+                         isNamed(shortcutId(), results.value(shortcutsKey));
     if (isBound) {
         m_state = State::bound;
         m_permission.give();
@@ -201,7 +216,7 @@ void PortalShortcuts::portalChanged(const QString& oldOwner, const QString& newO
         lose();
     }
     if (!newOwner.isEmpty() && m_state == State::lost)
-        begin(m_hotkey);
+        begin(m_hotkey, Wish::ofProgram);
 }
 
 void PortalShortcuts::activated(const QDBusObjectPath& session, const QString& id, qulonglong,
@@ -229,6 +244,15 @@ QString PortalShortcuts::nextToken()
 QString PortalShortcuts::shortcutId() const
 {
     return QStringLiteral("toggle-%1-%2").arg(m_hotkey.keyCode).arg(m_hotkey.modifiers);
+}
+
+QVariant PortalShortcuts::shortcuts() const
+{
+    const PortalShortcut shortcut{
+        shortcutId(),
+        {{QStringLiteral("description"), QStringLiteral("Show or hide Jotwell")},
+         {QStringLiteral("preferred_trigger"), triggerOf(m_hotkey)}}};
+    return QVariant::fromValue(QList<PortalShortcut>{shortcut});
 }
 
 } // namespace jotwell

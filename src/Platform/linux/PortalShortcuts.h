@@ -15,9 +15,9 @@ namespace jotwell {
 class PortalPermission;
 
 /// Has the desktop's portal tell when one shortcut is pressed. The user may be asked by the desktop
-/// and may have chosen another key there. The bus is never waited for; a portal that isn't there,
-/// refuses or never answers means that nothing is heard, and one that comes back is asked again.
-/// Main thread.
+/// and may have chosen another key there; a desktop that knows the shortcut isn't told to show it
+/// again. The bus is never waited for; a portal that isn't there, refuses or never answers means
+/// that nothing is heard, and one that comes back is asked again. Main thread.
 class PortalShortcuts : public QObject {
     Q_OBJECT
 
@@ -35,24 +35,28 @@ public:
 
 private:
     enum class State { idle, asking, bound, denied, lost };
+    enum class Wish { ofUser, ofProgram };
     class Listener;
 
-    void begin(const Hotkey& hotkey);
+    void begin(const Hotkey& hotkey, Wish wish);
     void end();
     QString forgetSession();
     void introduceProgram();
     void createSession();
+    void takeSession(PortalRequest::Outcome outcome, const QVariantMap& results);
     void bind();
     void takeBinding(PortalRequest::Outcome outcome, const QVariantMap& results);
     void lose();
     void portalChanged(const QString& oldOwner, const QString& newOwner);
     [[nodiscard]] QString nextToken();
     [[nodiscard]] QString shortcutId() const;
+    [[nodiscard]] QVariant shortcuts() const;
 
     PortalPermission& m_permission;
     QDBusConnection m_bus;
     HotkeyChannels::MonitorHandler m_handler;
     State m_state = State::idle;
+    Wish m_wish = Wish::ofProgram; ///< whose it was to begin
     Hotkey m_hotkey;
     QString m_session;                       ///< the path of its object; empty if there is none
     std::unique_ptr<QObject> m_introduction; ///< what comes of it is dropped with this
