@@ -62,10 +62,12 @@ QString applicationSupport()
            QStringLiteral("/com.jotwell");
 }
 
+// Installed, it goes by its name: a tray draws it in the colour of its own panel then.
 QIcon statusIcon()
 {
-    return symbolIcon(QStringLiteral("o.circle.fill"),
-                      QGuiApplication::palette().windowText().color());
+    return QIcon::fromTheme(QStringLiteral("com.jotwell.Jotwell-symbolic"),
+                            symbolIcon(QStringLiteral("o.circle.fill"),
+                                       QGuiApplication::palette().windowText().color()));
 }
 
 bool hasLetGo(QThreadPool& pool)
