@@ -54,7 +54,7 @@ private:
 };
 
 PortalShortcuts::PortalShortcuts(PortalPermission& permission)
-    : m_permission(permission), m_bus(ownConnection())
+    : m_permission(permission), m_bus(ownConnection()), m_scope(m_bus)
 {
     registerPortalShortcut();
     qRegisterMetaType<QDBusObjectPath>(); // slots are found by the names of known types
@@ -103,7 +103,7 @@ void PortalShortcuts::begin(const Hotkey& hotkey, Wish wish)
     m_hotkey = hotkey;
     m_wish = wish;
     m_state = State::asking;
-    introduceProgram();
+    enterScope();
 }
 
 void PortalShortcuts::end()
@@ -125,6 +125,15 @@ QString PortalShortcuts::forgetSession()
         m_bus.disconnect(DesktopPortal::service, m_session, sessionInterface,
                          QStringLiteral("Closed"), this, SLOT(sessionClosed()));
     return std::exchange(m_session, {});
+}
+
+// Before the first word to the portal, which it remembers the program by.
+void PortalShortcuts::enterScope()
+{
+    m_scope.enter([this] {
+        if (m_state == State::asking)
+            introduceProgram();
+    });
 }
 
 // Portals that can't be told, or know it already, refuse: that is all the same.

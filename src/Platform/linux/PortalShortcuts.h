@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/HotkeyChannels.h"
+#include "Platform/linux/ApplicationScope.h"
 #include "Platform/linux/PortalRequest.h"
 
 #include <QDBusConnection>
@@ -41,6 +42,7 @@ private:
     void begin(const Hotkey& hotkey, Wish wish);
     void end();
     QString forgetSession();
+    void enterScope();
     void introduceProgram();
     void createSession();
     void takeSession(PortalRequest::Outcome outcome, const QVariantMap& results);
@@ -58,7 +60,8 @@ private:
     State m_state = State::idle;
     Wish m_wish = Wish::ofProgram; ///< whose it was to begin
     Hotkey m_hotkey;
-    QString m_session;                       ///< the path of its object; empty if there is none
+    QString m_session; ///< the path of its object; empty if there is none
+    ApplicationScope m_scope;
     std::unique_ptr<QObject> m_introduction; ///< what comes of it is dropped with this
     PortalRequestPointer m_request;
     int m_tokens = 0;
