@@ -1,12 +1,15 @@
 """The desktop's tray gets Jotwell's item, whichever of the two is there first."""
 
 import contextlib
+import shutil
 import unittest
+from pathlib import Path
 
 from desktop import Desktop
 from notifier_tray import NotifierTray
 from processes import wait_until
 
+SYMBOL = Path(__file__).parents[2] / "resources" / "icons" / "com.jotwell.Jotwell-symbolic.svg"
 ICON = '"jotwell": ("jotwell" "jotwell")  2'  # a window of 22 pixels or so
 
 
@@ -66,6 +69,23 @@ class NotifierTrays(unittest.TestCase):
                 "Open": [["Control", "Alt", "B"]], "Settings": None, "Check for Updates...": None,
                 "Quit": [["Control", "Q"]]})
             self.assertEqual(tray.property("ToolTip")[2], "Jotwell")
+
+    def test_installed_icon_goes_by_its_name(self):
+        with Desktop() as desktop:
+            desktop.write_settings(OnboardingCompleted="true")
+            data = Path(desktop.environment["XDG_DATA_HOME"])
+            icons = data / "icons" / "hicolor" / "symbolic" / "apps"
+            icons.mkdir(parents=True)
+            shutil.copy(SYMBOL, icons)
+            tray = NotifierTray(desktop)
+            desktop.start_program()
+            tray.wait_for_item()
+            self.assertEqual(tray.property("IconName"), SYMBOL.stem)
+
+    def test_icon_that_is_not_installed_is_sent(self):
+        with self.program() as (_, tray, _):
+            self.assertFalse(tray.property("IconName"))
+            self.assertTrue(tray.property("IconPixmap"))
 
     def test_menu_shows_the_hotkey_of_the_settings(self):
         hotkey = {"GlobalHotkeyCode": 49, "GlobalHotkeyModifiers": 0x20000 | 0x40000}
