@@ -76,8 +76,8 @@ class NotifierTrays(unittest.TestCase):
         with self.program(**hotkey) as (_, tray, _):
             self.assertEqual(self.shortcuts(tray)["Open"], [["Super", "Shift", "Space"]])
 
-    def test_icon_goes_by_a_name_that_gnome_gives_its_own_colour(self):
-        for desktop_name, name in ("GNOME", SYMBOLIC), ("XFCE", ""):
+    def test_icon_goes_by_its_name_where_that_gives_it_the_colour_of_the_panel(self):
+        for desktop_name, name in ("ubuntu:GNOME", SYMBOLIC), ("KDE", SYMBOLIC), ("XFCE", ""):
             with self.subTest(desktop_name), Desktop() as desktop:
                 data = Path(desktop.environment["XDG_DATA_HOME"])
                 folder = data / "icons/hicolor/symbolic/apps"
@@ -89,6 +89,15 @@ class NotifierTrays(unittest.TestCase):
                 tray.wait_for_item()
                 self.assertEqual(tray.property("IconName"), name)
                 self.assertTrue(tray.property("IconPixmap"))
+
+    def test_icon_that_is_not_installed_is_sent(self):
+        with Desktop() as desktop:
+            desktop.write_settings(OnboardingCompleted="true")
+            tray = NotifierTray(desktop)
+            desktop.start_program(XDG_CURRENT_DESKTOP="KDE")
+            tray.wait_for_item()
+            self.assertFalse(tray.property("IconName"))
+            self.assertTrue(tray.property("IconPixmap"))
 
     def test_open_toggles_the_window(self):
         with self.program() as (desktop, tray, _):

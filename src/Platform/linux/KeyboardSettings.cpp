@@ -15,7 +15,7 @@ void openKeyboardSettings()
                "to the command \"jotwell\".\n",
                stderr);
     const QString program = QStandardPaths::findExecutable(QStringLiteral("gnome-control-center"));
-    if (isGnome() && !program.isEmpty())
+    if (isDesktop(u"GNOME") && !program.isEmpty())
         QProcess::startDetached(program, {QStringLiteral("keyboard")});
 }
 

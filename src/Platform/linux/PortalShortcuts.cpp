@@ -21,6 +21,10 @@ const QString interface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts
 const QString sessionInterface = QStringLiteral("org.freedesktop.portal.Session");
 const QString registryInterface = QStringLiteral("org.freedesktop.host.portal.Registry");
 const QString applicationId = QStringLiteral("com.jotwell.Jotwell");
+const QString shortcutsKey = QStringLiteral("shortcuts");
+
+// Plasma 5 keeps the user's keys below this name, and shows it: it has to be the same in each run.
+const QString sessionToken = QStringLiteral("Jotwell");
 
 // A connection of our own: a portal takes a program for the one that its first word came from.
 QDBusConnection ownConnection()
@@ -50,7 +54,7 @@ private:
 };
 
 PortalShortcuts::PortalShortcuts(PortalPermission& permission)
-    : m_permission(permission), m_bus(ownConnection())
+    : m_permission(permission), m_bus(ownConnection()), m_scope(m_bus)
 {
     registerPortalShortcut();
     qRegisterMetaType<QDBusObjectPath>(); // slots are found by the names of known types
@@ -77,7 +81,7 @@ void PortalShortcuts::ask(const Hotkey& hotkey, std::function<void()> cannotAsk)
 {
     if (m_state == State::bound && m_hotkey == hotkey)
         return;
-    begin(hotkey);
+    begin(hotkey, Wish::ofUser);
     m_cannotAsk = std::move(cannotAsk);
     if (m_state == State::idle)
         tellThatItCannotAsk();
@@ -91,19 +95,20 @@ std::unique_ptr<HotkeyChannel> PortalShortcuts::listen(const Hotkey& hotkey,
     m_handler = std::move(handler);
     const bool isUnderWay = m_state == State::asking || m_state == State::bound;
     if (!isUnderWay || m_hotkey != hotkey)
-        begin(hotkey);
+        begin(hotkey, Wish::ofProgram);
     return std::make_unique<Listener>(this);
 }
 
-void PortalShortcuts::begin(const Hotkey& hotkey)
+void PortalShortcuts::begin(const Hotkey& hotkey, Wish wish)
 {
     m_cannotAsk = {};
     end();
     if (!m_bus.isConnected() || triggerOf(hotkey).isEmpty())
         return;
     m_hotkey = hotkey;
+    m_wish = wish;
     m_state = State::asking;
-    introduceProgram();
+    enterScope();
 }
 
 void PortalShortcuts::end()
@@ -127,6 +132,15 @@ QString PortalShortcuts::forgetSession()
     return std::exchange(m_session, {});
 }
 
+// Before the first word to the portal, which it remembers the program by.
+void PortalShortcuts::enterScope()
+{
+    m_scope.enter([this] {
+        if (m_state == State::asking)
+            introduceProgram();
+    });
+}
+
 // Portals that can't be told, or know it already, refuse: that is all the same.
 void PortalShortcuts::introduceProgram()
 {
@@ -138,22 +152,38 @@ void PortalShortcuts::introduceProgram()
             [this] { createSession(); });
 }
 
+// Plasma 5 wants the shortcuts here already; others don't look for them.
 void PortalShortcuts::createSession()
 {
     const QString token = nextToken();
     const QVariantMap options{{QStringLiteral("handle_token"), token},
-                              {QStringLiteral("session_handle_token"), token}};
+                              {QStringLiteral("session_handle_token"), sessionToken},
+                              {shortcutsKey, shortcuts()}};
     m_request.reset(new PortalRequest(m_bus, token));
     m_request->call(DesktopPortal::call(interface, QStringLiteral("CreateSession"), {options}),
                     [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
-                        m_session = results.value(QStringLiteral("session_handle")).toString();
-                        if (outcome == PortalRequest::Outcome::granted && !m_session.isEmpty()) {
-                            bind();
-                        } else {
-                            lose();
-                            tellThatItCannotAsk();
-                        }
+                        takeSession(outcome, results);
                     });
+}
+
+// A shortcut that comes with the session is bound. Plasma 5 answers the wish to bind it by opening
+// its settings, which only the user may ask for.
+void PortalShortcuts::takeSession(PortalRequest::Outcome outcome, const QVariantMap& results)
+{
+    m_session = results.value(QStringLiteral("session_handle")).toString();
+    if (outcome != PortalRequest::Outcome::granted || m_session.isEmpty()) {
+        lose();
+        tellThatItCannotAsk();
+        return;
+    }
+    m_bus.connect(DesktopPortal::service, m_session, sessionInterface, QStringLiteral("Closed"),
+                  this, SLOT(sessionClosed()));
+    const bool isBound =
+        results.contains(shortcutsKey) && isNamed(shortcutId(), results.value(shortcutsKey));
+    if (isBound && m_wish == Wish::ofProgram)
+        takeBinding(outcome, results);
+    else
+        bind();
 }
 
 void PortalShortcuts::tellThatItCannotAsk()
@@ -164,16 +194,9 @@ void PortalShortcuts::tellThatItCannotAsk()
 
 void PortalShortcuts::bind()
 {
-    m_bus.connect(DesktopPortal::service, m_session, sessionInterface, QStringLiteral("Closed"),
-                  this, SLOT(sessionClosed()));
     const QString token = nextToken();
-    const PortalShortcut shortcut{
-        shortcutId(),
-        {{QStringLiteral("description"), QStringLiteral("Show or hide Jotwell")},
-         {QStringLiteral("preferred_trigger"), triggerOf(m_hotkey)}}};
-    const QVariantList arguments{QVariant::fromValue(QDBusObjectPath(m_session)),
-                                 QVariant::fromValue(QList<PortalShortcut>{shortcut}), QString(),
-                                 QVariantMap{{QStringLiteral("handle_token"), token}}};
+    const QVariantList arguments{QVariant::fromValue(QDBusObjectPath(m_session)), shortcuts(),
+                                 QString(), QVariantMap{{QStringLiteral("handle_token"), token}}};
     m_request.reset(new PortalRequest(m_bus, token));
     m_request->call(DesktopPortal::call(interface, QStringLiteral("BindShortcuts"), arguments),
                     [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
@@ -188,7 +211,7 @@ void PortalShortcuts::takeBinding(PortalRequest::Outcome outcome, const QVariant
         return;
     }
     const bool isBound = outcome == PortalRequest::Outcome::granted &&
-                         isNamed(shortcutId(), results.value(QStringLiteral("shortcuts")));
+                         isNamed(shortcutId(), results.value(shortcutsKey));
     if (isBound) {
         m_state = State::bound;
         m_permission.give();
@@ -214,7 +237,7 @@ void PortalShortcuts::portalChanged(const QString& oldOwner, const QString& newO
         lose();
     }
     if (!newOwner.isEmpty() && m_state == State::lost)
-        begin(m_hotkey);
+        begin(m_hotkey, Wish::ofProgram);
 }
 
 void PortalShortcuts::activated(const QDBusObjectPath& session, const QString& id, qulonglong,
@@ -242,6 +265,15 @@ QString PortalShortcuts::nextToken()
 QString PortalShortcuts::shortcutId() const
 {
     return QStringLiteral("toggle-%1-%2").arg(m_hotkey.keyCode).arg(m_hotkey.modifiers);
+}
+
+QVariant PortalShortcuts::shortcuts() const
+{
+    const PortalShortcut shortcut{
+        shortcutId(),
+        {{QStringLiteral("description"), QStringLiteral("Show or hide Jotwell")},
+         {QStringLiteral("preferred_trigger"), triggerOf(m_hotkey)}}};
+    return QVariant::fromValue(QList<PortalShortcut>{shortcut});
 }
 
 } // namespace jotwell

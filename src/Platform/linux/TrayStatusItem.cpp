@@ -21,11 +21,13 @@ namespace {
 const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 
-// GNOME's bar is dark whatever the palette says, and has its own colour for what it knows by name.
+// Their bars may be dark whatever the palette says, and have their own colour for what they know by
+// name. Others would draw that as it is.
 QIcon iconFor(const QIcon& icon)
 {
-    return isGnome() ? QIcon::fromTheme(QStringLiteral("com.jotwell.Jotwell-symbolic"), icon)
-                     : icon;
+    const bool isColoured = isDesktop(u"GNOME") || isDesktop(u"KDE");
+    return isColoured ? QIcon::fromTheme(QStringLiteral("com.jotwell.Jotwell-symbolic"), icon)
+                      : icon;
 }
 
 // An ampersand would be taken for the mark of a letter.

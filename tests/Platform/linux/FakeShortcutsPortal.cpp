@@ -74,9 +74,11 @@ void FakeShortcutsPortal::createSession(const QDBusMessage& message)
     const QVariant options = message.arguments().value(0);
     m_request = pathOf(QStringLiteral("request"), message,
                        tokenIn(options, QStringLiteral("handle_token")));
-    session = pathOf(QStringLiteral("session"), message,
-                     tokenIn(options, QStringLiteral("session_handle_token")));
+    sessionToken = tokenIn(options, QStringLiteral("session_handle_token"));
+    session = pathOf(QStringLiteral("session"), message, sessionToken);
     QVariantMap results;
+    if (has(Trait::bindsWithSession))
+        takeWithSession(qdbus_cast<QVariantMap>(options), results);
     if (!has(Trait::withoutSession))
         results.insert(QStringLiteral("session_handle"), session);
     if (has(Trait::answersEarly))
@@ -86,11 +88,28 @@ void FakeShortcutsPortal::createSession(const QDBusMessage& message)
         respond(0, results);
 }
 
-void FakeShortcutsPortal::bindShortcuts(const QDBusMessage& message)
+// The answer names the shortcuts of the session, and none if it has none.
+void FakeShortcutsPortal::takeWithSession(const QVariantMap& options, QVariantMap& results)
 {
-    const auto wanted = qdbus_cast<QList<PortalShortcut>>(message.arguments().value(1)).value(0);
+    const QString key = QStringLiteral("shortcuts");
+    take(options.value(key));
+    QList<PortalShortcut> bound;
+    if (!shortcutId.isEmpty())
+        bound.append({shortcutId, shortcut});
+    results.insert(key, QVariant::fromValue(bound));
+}
+
+void FakeShortcutsPortal::take(const QVariant& shortcuts)
+{
+    const auto wanted = qdbus_cast<QList<PortalShortcut>>(shortcuts).value(0);
     shortcutId = wanted.id;
     shortcut = wanted.properties;
+}
+
+void FakeShortcutsPortal::bindShortcuts(const QDBusMessage& message)
+{
+    if (!has(Trait::bindsWithSession))
+        take(message.arguments().value(1));
     m_request = pathOf(QStringLiteral("request"), message,
                        tokenIn(message.arguments().value(3), QStringLiteral("handle_token")));
     if (has(Trait::answersEarly))

@@ -28,6 +28,7 @@ public:
         silentFromTheStart, ///< answers no call at all
         refusing,           ///< answers each call with an error
         withoutSession,     ///< forgets to tell of it
+        bindsWithSession,   ///< takes shortcuts with the session alone, as that of Plasma 5.27
     };
 
     explicit FakeShortcutsPortal(Answer answer = Answer::granted, QList<Trait> traits = {});
@@ -38,6 +39,7 @@ public:
     QList<QDBusMessage> messages; ///< of the same calls
     QStringList closed;           ///< the paths of what was closed
     QString session;              ///< the path of the last one
+    QString sessionToken;         ///< that it was asked for with
     QString shortcutId;           ///< that was asked for last
     QVariantMap shortcut;         ///< and its properties
 
@@ -46,6 +48,10 @@ public:
     void closeSession(const QString& session);
     /// Answers the wish for a shortcut that had no answer.
     void answer(Answer answer);
+    [[nodiscard]] auto timesBound() const
+    {
+        return calls.count(QStringLiteral("portal.GlobalShortcuts.BindShortcuts"));
+    }
 
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
     [[nodiscard]] QString introspect(const QString& path) const override;
@@ -53,7 +59,9 @@ public:
 private:
     [[nodiscard]] bool has(Trait trait) const { return m_traits.contains(trait); }
     void createSession(const QDBusMessage& message);
+    void takeWithSession(const QVariantMap& options, QVariantMap& results);
     void bindShortcuts(const QDBusMessage& message);
+    void take(const QVariant& shortcuts);
     void respond(uint response, const QVariantMap& results);
 
     const Answer m_answer;

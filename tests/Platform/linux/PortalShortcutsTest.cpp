@@ -165,6 +165,7 @@ class PortalOf : public PortalShortcutsTest, public testing::WithParamInterface<
 const PortalRow portalRows[] = {
     {"EveryDay", Answer::granted, {}, true},
     {"WithARegistry", Answer::granted, {Trait::knowsPrograms}, true},
+    {"WithItsSession", Answer::granted, {Trait::bindsWithSession}, true},
     {"FewWords", Answer::grantedWithoutList, {}, true},
     {"HasteWithItsAnswers", Answer::granted, {Trait::answersEarly}, true},
     {"NothingGranted", Answer::grantedNothing, {}, false},
@@ -190,6 +191,58 @@ TEST_P(PortalOf, IsTakenAsItIs)
 
 INSTANTIATE_TEST_SUITE_P(Rows, PortalOf, testing::ValuesIn(portalRows),
                          [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(PortalShortcutsTest, ShortcutThatCameWithTheSessionIsNotAskedForAgain)
+{
+    FakeShortcutsPortal portal(Answer::granted, {Trait::bindsWithSession});
+    const auto channel = listen();
+    ASSERT_TRUE(isGivenSoon());
+    EXPECT_TRUE(hears(portal));
+    EXPECT_EQ(portal.timesBound(), 0);
+    EXPECT_EQ(portal.shortcutId, u"toggle-11-1572864"_qs);
+    EXPECT_EQ(portal.shortcut[u"preferred_trigger"_qs], u"CTRL+ALT+b"_qs);
+}
+
+TEST_F(PortalShortcutsTest, UsersOwnWishIsAlwaysPutToTheDesktop)
+{
+    FakeShortcutsPortal portal(Answer::granted, {Trait::bindsWithSession});
+    shortcuts.ask(ctrlAltB);
+    ASSERT_TRUE(isGivenSoon());
+    const auto channel = listen();
+    EXPECT_TRUE(hears(portal));
+    EXPECT_EQ(portal.timesBound(), 1);
+}
+
+TEST_F(PortalShortcutsTest, PortalThatComesBackIsNotTheUsersWish)
+{
+    auto portal =
+        std::make_unique<FakeShortcutsPortal>(Answer::granted, QList{Trait::bindsWithSession});
+    shortcuts.ask(ctrlAltB);
+    ASSERT_TRUE(isGivenSoon());
+    const auto channel = listen();
+    portal.reset();
+    QTest::qWait(longEnoughForTheBus);
+    portal = std::make_unique<FakeShortcutsPortal>(Answer::granted, QList{Trait::bindsWithSession});
+    EXPECT_TRUE(soon([&] { return !portal->shortcutId.isEmpty(); }));
+    EXPECT_TRUE(hears(*portal));
+    EXPECT_EQ(portal->timesBound(), 0);
+}
+
+TEST_F(PortalShortcutsTest, SessionHasTheSameNameForEachHotkeyAndInEachRun)
+{
+    FakeShortcutsPortal portal;
+    auto channel = listen();
+    ASSERT_TRUE(isGivenSoon());
+    EXPECT_EQ(portal.sessionToken, u"Jotwell"_qs);
+    channel.reset();
+    channel = listen(superShiftSpace);
+    ASSERT_TRUE(soon([&] { return portal.shortcutId.startsWith(u"toggle-49-"); }));
+    EXPECT_EQ(portal.sessionToken, u"Jotwell"_qs);
+    PortalShortcuts another(permission);
+    another.ask(ctrlAltB);
+    ASSERT_TRUE(soon([&] { return portal.shortcutId.startsWith(u"toggle-11-"); }));
+    EXPECT_EQ(portal.sessionToken, u"Jotwell"_qs);
+}
 
 TEST_F(PortalShortcutsTest, PermissionIsRememberedUntilADenial)
 {
@@ -282,12 +335,10 @@ TEST_F(PortalShortcutsTest, AnotherHotkeyIsAnotherShortcut)
     channel = listen(superShiftSpace);
     ASSERT_TRUE(soon([&] { return portal.shortcutId != id; }));
     EXPECT_THAT(portal.closed, ElementsAre(session));
-    EXPECT_NE(portal.session, session);
     EXPECT_EQ(portal.shortcut[u"preferred_trigger"_qs], u"LOGO+SHIFT+space"_qs);
     EXPECT_TRUE(hears(portal));
     EXPECT_THAT(events, ElementsAre(KeyEvent{KeyEvent::keyDown, 49, 0x60000}));
-    portal.activate(session, id);
-    portal.closeSession(session); // is nobody's any more
+    portal.activate(session, id); // is nobody's any more
     QTest::qWait(longEnoughForTheBus);
     EXPECT_EQ(events.size(), 1);
     EXPECT_TRUE(hears(portal));

@@ -1,0 +1,183 @@
+#include "Platform/linux/ApplicationScope.h"
+
+#include "Platform/linux/TransientUnit.h"
+
+#include <QCoreApplication>
+#include <QDBusArgument>
+#include <QDBusError>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusVirtualObject>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace jotwell;
+
+namespace {
+
+constexpr int longEnoughForTheBus = 100;
+
+const QString managerPath = QStringLiteral("/org/freedesktop/systemd1");
+
+/// The user's service manager on the session bus, until it goes.
+class FakeServiceManager : public QDBusVirtualObject {
+public:
+    enum class Answer { taken, refused, none };
+
+    explicit FakeServiceManager(Answer answer)
+        : m_answer(answer), m_bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus,
+                                                                QStringLiteral("manager")))
+    {
+        registerTransientUnit();
+        m_bus.registerVirtualObject(managerPath, this);
+        m_bus.registerService(QStringLiteral("org.freedesktop.systemd1"));
+    }
+    ~FakeServiceManager() override { QDBusConnection::disconnectFromBus(m_bus.name()); }
+
+    QList<QDBusMessage> calls;
+
+    [[nodiscard]] QString introspect(const QString&) const override { return {}; }
+
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override
+    {
+        calls.append(message);
+        if (m_answer == Answer::taken)
+            m_bus.send(message.createReply(QVariant::fromValue(job())));
+        else if (m_answer == Answer::refused)
+            m_bus.send(message.createErrorReply(QDBusError::AccessDenied, QStringLiteral("no")));
+        return true;
+    }
+
+    /// The job of a unit is done.
+    void finish(const QString& unit)
+    {
+        auto signal = QDBusMessage::createSignal(managerPath,
+                                                 QStringLiteral("org.freedesktop.systemd1.Manager"),
+                                                 QStringLiteral("JobRemoved"));
+        signal.setArguments({7U, QVariant::fromValue(job()), unit, QStringLiteral("done")});
+        m_bus.send(signal);
+    }
+
+private:
+    [[nodiscard]] static QDBusObjectPath job()
+    {
+        return QDBusObjectPath(managerPath + QStringLiteral("/job/7"));
+    }
+
+    const Answer m_answer;
+    QDBusConnection m_bus;
+};
+
+class ApplicationScopeTest : public testing::Test {
+protected:
+    ApplicationScopeTest() { writeUnits("app.slice/dbus.service"); }
+
+    void writeUnits(const QByteArray& unit)
+    {
+        QFile units(file());
+        ASSERT_TRUE(units.open(QIODevice::WriteOnly));
+        units.write("0::/user.slice/user-1000.slice/user@1000.service/" + unit + "\n");
+    }
+
+    [[nodiscard]] QString file() const { return m_folder.filePath(QStringLiteral("cgroup")); }
+
+    void enter()
+    {
+        scope.enter([this] { ++entered; });
+    }
+
+    [[nodiscard]] bool entersSoon() const
+    {
+        return QTest::qWaitFor([this] { return entered > 0; }, 3000);
+    }
+
+    QTemporaryDir m_folder;
+    const QString unit =
+        QStringLiteral("app-com.jotwell.Jotwell-%1.scope").arg(QCoreApplication::applicationPid());
+    ApplicationScope scope{QDBusConnection::sessionBus(), file()};
+    int entered = 0;
+};
+
+} // namespace
+
+TEST_F(ApplicationScopeTest, AsksForAUnitOfTheProgramsNameAroundThisProcess)
+{
+    FakeServiceManager manager(FakeServiceManager::Answer::taken);
+    enter();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !manager.calls.isEmpty(); }, 3000));
+    const QDBusMessage call = manager.calls[0];
+    EXPECT_EQ(call.member(), u"StartTransientUnit"_qs);
+    EXPECT_EQ(call.signature(), u"ssa(sv)a(sa(sv))"_qs);
+    EXPECT_EQ(call.arguments()[0], unit);
+    const auto properties = qdbus_cast<QList<UnitProperty>>(call.arguments()[2]);
+    ASSERT_EQ(properties.size(), 3);
+    EXPECT_EQ(properties[2].name, u"PIDs"_qs);
+    EXPECT_EQ(qdbus_cast<QList<uint>>(properties[2].value.variant()),
+              QList{static_cast<uint>(QCoreApplication::applicationPid())});
+}
+
+TEST_F(ApplicationScopeTest, GoesOnWhenTheProcessHasBeenMovedAndNotBefore)
+{
+    FakeServiceManager manager(FakeServiceManager::Answer::taken);
+    enter();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !manager.calls.isEmpty(); }, 3000));
+    manager.finish(u"another.scope"_qs);
+    QTest::qWait(longEnoughForTheBus);
+    EXPECT_EQ(entered, 0);
+    manager.finish(unit);
+    EXPECT_TRUE(entersSoon());
+    manager.finish(unit);
+    QTest::qWait(longEnoughForTheBus);
+    EXPECT_EQ(entered, 1);
+}
+
+TEST_F(ApplicationScopeTest, RefusalIsNotWaitedOut)
+{
+    FakeServiceManager manager(FakeServiceManager::Answer::refused);
+    QElapsedTimer time;
+    time.start();
+    enter();
+    EXPECT_TRUE(entersSoon());
+    EXPECT_LT(time.elapsed(), 800);
+    EXPECT_EQ(manager.calls.size(), 1);
+}
+
+TEST_F(ApplicationScopeTest, SilenceIsWaitedForNoLongerThanASecond)
+{
+    const FakeServiceManager manager(FakeServiceManager::Answer::none);
+    QElapsedTimer time;
+    time.start();
+    enter();
+    EXPECT_EQ(entered, 0);
+    EXPECT_TRUE(entersSoon());
+    EXPECT_GE(time.elapsed(), 900);
+}
+
+TEST_F(ApplicationScopeTest, WithoutAManagerItGoesOn)
+{
+    enter();
+    EXPECT_TRUE(entersSoon());
+}
+
+TEST_F(ApplicationScopeTest, ProcessThatHasTheNameKeepsItsUnit)
+{
+    const FakeServiceManager manager(FakeServiceManager::Answer::taken);
+    writeUnits("app.slice/app-com.jotwell.Jotwell@autostart.service");
+    enter();
+    EXPECT_EQ(entered, 1);
+    QTest::qWait(longEnoughForTheBus);
+    EXPECT_TRUE(manager.calls.isEmpty());
+}
+
+TEST_F(ApplicationScopeTest, ProcessOutsideOfUnitsIsLeftAlone)
+{
+    const FakeServiceManager manager(FakeServiceManager::Answer::taken);
+    QFile::remove(file());
+    enter();
+    EXPECT_EQ(entered, 1);
+    EXPECT_TRUE(manager.calls.isEmpty());
+}
