@@ -63,7 +63,7 @@ class Activation(unittest.TestCase):
         self.assertFalse(desktop.owns_name(NAME))
 
     def windows(self, desktop, title):
-        desktop.ask("xdotool", "set_desktop", "0")  # wakes openbox, as for the capture window
+        desktop.wake_window_manager()
         return desktop.ask("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
 
     def test_first_activation_shows_the_window_and_the_second_hides_it(self):

@@ -113,6 +113,18 @@ class Desktop:
         check = "xprop", "-root", "_NET_SUPPORTING_WM_CHECK"
         wait_until(lambda: "window id" in self.ask(*check), "the window manager")
 
+    def wake_window_manager(self):
+        """openbox may sleep over a signal, or a window that came while it started."""
+        self.ask("xdotool", "set_desktop", self.ask("xdotool", "get_desktop") or "0")
+
+    def end_window_manager(self, number):
+        """By that signal."""
+        def has_ended():
+            self.wake_window_manager()
+            return not self.window_manager.is_running()
+        self.window_manager.send(number)
+        wait_until(has_ended, "the end of the window manager")
+
     def start_compositor(self):
         self.compositor = self.spawn(
             "picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
@@ -204,8 +216,7 @@ class Desktop:
         wait_until(lambda: self.share_of(is_its_colour) > 0.03, "the banner of a toast")
 
     def _windows_of_a_woken_manager(self):
-        # openbox may have slept over a window that came while it started.
-        self.ask("xdotool", "set_desktop", self.ask("xdotool", "get_desktop") or "0")
+        self.wake_window_manager()
         return self.visible_windows()
 
     def _times_listening(self):

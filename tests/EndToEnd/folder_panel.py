@@ -98,6 +98,7 @@ class FolderPanel(unittest.TestCase):
             it.desktop.ask("xdotool", "set_desktop", "1")
             time.sleep(LEFT)
             it.portal.answer(FAILED)
+            it.desktop.ask("xdotool", "set_desktop", "0")
             time.sleep(SETTLED)
             self.assertEqual(it.ids(MESSAGE), [])
             it.portal.stop()

@@ -38,8 +38,7 @@ class Welcome:
             raise AssertionError("The program doesn't end well")
 
     def ids(self, title="Welcome to Jotwell"):
-        # Wakes openbox, which may have slept over a window that came while it started.
-        self.desktop.ask("xdotool", "set_desktop", "0")
+        self.desktop.wake_window_manager()
         return self.desktop.ask("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
 
     def has_focus(self, title="Welcome to Jotwell"):

@@ -34,6 +34,7 @@ class SettingsWindow:
         return self.desktop.ask("xdotool", "search", "--onlyvisible", "--name", "^Settings$").split()
 
     def has_focus(self):
+        self.desktop.wake_window_manager()
         return self.desktop.ask("xdotool", "getwindowfocus") in self.ids()
 
     def open(self):

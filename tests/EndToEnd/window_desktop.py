@@ -80,8 +80,7 @@ class WindowManager(unittest.TestCase):
             "xprop", "-root", "_NET_CLIENT_LIST"), "the window in nobody's hands")
 
     def restart(self, desktop, end):
-        desktop.window_manager.send(end)
-        desktop.window_manager.exit_status()
+        desktop.end_window_manager(end)
         desktop.start_window_manager()
         wait_until(desktop.other.has_frame, "the other window in the new one's hands")
 
@@ -157,8 +156,7 @@ class WindowManager(unittest.TestCase):
         folder = Path(desktop.environment["XDG_CONFIG_HOME"]) / "openbox"
         folder.mkdir()
         (folder / "rc.xml").write_text(rules)
-        desktop.window_manager.send(signal.SIGTERM)
-        desktop.window_manager.exit_status()
+        desktop.end_window_manager(signal.SIGTERM)
         desktop.start_window_manager()
 
     def test_moved_by_its_background_and_back_in_the_middle(self):

@@ -24,8 +24,7 @@ class OtherWindow:
         self.focus()
 
     def _find(self):
-        # Wakes openbox, which may have slept over a window that came while it started.
-        self._desktop.ask("xdotool", "set_desktop", "0")
+        self._desktop.wake_window_manager()
         return self._desktop.ask("xdotool", "search", "--onlyvisible", "--name", f"^{self._name}$")
 
     def focus(self):
