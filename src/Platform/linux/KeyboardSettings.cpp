@@ -11,8 +11,8 @@ namespace jotwell {
 
 void openKeyboardSettings()
 {
-    std::fputs("jotwell: The desktop gives no hotkeys to programs. In its own settings, bind a key "
-               "to the command \"jotwell\".\n",
+    std::fputs("jotwell: The hotkey could not be had from the desktop. In its own settings, bind a "
+               "key to the command \"jotwell\".\n",
                stderr);
     const QString program = QStandardPaths::findExecutable(QStringLiteral("gnome-control-center"));
     if (isDesktop(u"GNOME") && !program.isEmpty())

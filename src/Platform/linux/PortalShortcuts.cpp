@@ -26,8 +26,8 @@ const QString shortcutsKey = QStringLiteral("shortcuts");
 // Plasma 5 keeps the user's keys below this name, and shows it: it has to be the same in each run.
 const QString sessionToken = QStringLiteral("Jotwell");
 
-// A connection of our own: a portal takes a program for the one that its first word came from.
-QDBusConnection ownConnection()
+// A portal takes a program for the one that the first word of its connection came from.
+QDBusConnection newConnection()
 {
     static int connections = 0;
     return QDBusConnection::connectToBus(QDBusConnection::SessionBus,
@@ -54,7 +54,7 @@ private:
 };
 
 PortalShortcuts::PortalShortcuts(PortalPermission& permission)
-    : m_permission(permission), m_bus(ownConnection()), m_scope(m_bus)
+    : m_permission(permission), m_bus(newConnection()), m_portal(QString()), m_scope(m_bus)
 {
     registerPortalShortcut();
     qRegisterMetaType<QDBusObjectPath>(); // slots are found by the names of known types
@@ -66,9 +66,6 @@ PortalShortcuts::PortalShortcuts(PortalPermission& permission)
             [this](const QString&, const QString& oldOwner, const QString& newOwner) {
                 portalChanged(oldOwner, newOwner);
             });
-    m_bus.connect(DesktopPortal::service, DesktopPortal::path, interface,
-                  QStringLiteral("Activated"), this,
-                  SLOT(activated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
 }
 
 PortalShortcuts::~PortalShortcuts()
@@ -108,9 +105,15 @@ void PortalShortcuts::begin(const Hotkey& hotkey, Wish wish)
     m_hotkey = hotkey;
     m_wish = wish;
     m_state = State::asking;
+    m_portal = newConnection();
+    m_portal.connect(DesktopPortal::service, DesktopPortal::path, interface,
+                     QStringLiteral("Activated"), this,
+                     SLOT(activated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
     enterScope();
 }
 
+// With the connection goes all that a portal has for it, also what is only on its way; the next one
+// makes another session of the same name, which nobody can take for this one.
 void PortalShortcuts::end()
 {
     m_introduction.reset();
@@ -120,15 +123,17 @@ void PortalShortcuts::end()
         auto message = QDBusMessage::createMethodCall(DesktopPortal::service, session,
                                                       sessionInterface, QStringLiteral("Close"));
         message.setAutoStartService(false);
-        m_bus.send(message);
+        m_portal.send(message);
     }
+    QDBusConnection::disconnectFromBus(m_portal.name());
+    m_portal = QDBusConnection(QString());
 }
 
 QString PortalShortcuts::forgetSession()
 {
     if (!m_session.isEmpty())
-        m_bus.disconnect(DesktopPortal::service, m_session, sessionInterface,
-                         QStringLiteral("Closed"), this, SLOT(sessionClosed()));
+        m_portal.disconnect(DesktopPortal::service, m_session, sessionInterface,
+                            QStringLiteral("Closed"), this, SLOT(sessionClosed()));
     return std::exchange(m_session, {});
 }
 
@@ -145,7 +150,7 @@ void PortalShortcuts::enterScope()
 void PortalShortcuts::introduceProgram()
 {
     m_introduction = std::make_unique<QObject>();
-    const auto call = m_bus.asyncCall(DesktopPortal::call(
+    const auto call = m_portal.asyncCall(DesktopPortal::call(
         registryInterface, QStringLiteral("Register"), {applicationId, QVariantMap()}));
     auto* watcher = new QDBusPendingCallWatcher(call, m_introduction.get());
     connect(watcher, &QDBusPendingCallWatcher::finished, m_introduction.get(),
@@ -159,14 +164,14 @@ void PortalShortcuts::createSession()
     const QVariantMap options{{QStringLiteral("handle_token"), token},
                               {QStringLiteral("session_handle_token"), sessionToken},
                               {shortcutsKey, shortcuts()}};
-    m_request.reset(new PortalRequest(m_bus, token));
+    m_request.reset(new PortalRequest(m_portal, token));
     m_request->call(DesktopPortal::call(interface, QStringLiteral("CreateSession"), {options}),
                     [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
                         takeSession(outcome, results);
                     });
 }
 
-// A shortcut that comes with the session is bound. Plasma 5 answers the wish to bind it by opening
+// Shortcuts that come with the session are bound. Plasma 5 answers the wish to bind it by opening
 // its settings, which only the user may ask for.
 void PortalShortcuts::takeSession(PortalRequest::Outcome outcome, const QVariantMap& results)
 {
@@ -176,11 +181,9 @@ void PortalShortcuts::takeSession(PortalRequest::Outcome outcome, const QVariant
         tellThatItCannotAsk();
         return;
     }
-    m_bus.connect(DesktopPortal::service, m_session, sessionInterface, QStringLiteral("Closed"),
-                  this, SLOT(sessionClosed()));
-    const bool isBound =
-        results.contains(shortcutsKey) && isNamed(shortcutId(), results.value(shortcutsKey));
-    if (isBound && m_wish == Wish::ofProgram)
+    m_portal.connect(DesktopPortal::service, m_session, sessionInterface, QStringLiteral("Closed"),
+                     this, SLOT(sessionClosed()));
+    if (m_wish == Wish::ofProgram && results.contains(shortcutsKey))
         takeBinding(outcome, results);
     else
         bind();
@@ -197,7 +200,7 @@ void PortalShortcuts::bind()
     const QString token = nextToken();
     const QVariantList arguments{QVariant::fromValue(QDBusObjectPath(m_session)), shortcuts(),
                                  QString(), QVariantMap{{QStringLiteral("handle_token"), token}}};
-    m_request.reset(new PortalRequest(m_bus, token));
+    m_request.reset(new PortalRequest(m_portal, token));
     m_request->call(DesktopPortal::call(interface, QStringLiteral("BindShortcuts"), arguments),
                     [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
                         takeBinding(outcome, results);
@@ -208,6 +211,7 @@ void PortalShortcuts::takeBinding(PortalRequest::Outcome outcome, const QVariant
 {
     if (outcome == PortalRequest::Outcome::failed) {
         lose();
+        tellThatItCannotAsk();
         return;
     }
     const bool isBound = outcome == PortalRequest::Outcome::granted &&

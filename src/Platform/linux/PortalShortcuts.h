@@ -28,7 +28,7 @@ public:
     ~PortalShortcuts() override;
 
     /// Asks the user, unless the desktop has given us this shortcut already. Calls `cannotAsk` once
-    /// if there is no portal that would.
+    /// if there is no portal that would, or it fails.
     void ask(const Hotkey& hotkey, std::function<void()> cannotAsk = {});
 
     /// Asks for the shortcut if that isn't under way, and calls `handler` at each press for as long
@@ -59,6 +59,7 @@ private:
 
     PortalPermission& m_permission;
     QDBusConnection m_bus;
+    QDBusConnection m_portal; ///< another one for each session
     HotkeyChannels::MonitorHandler m_handler;
     std::function<void()> m_cannotAsk;
     State m_state = State::idle;

@@ -95,7 +95,7 @@ void FakeShortcutsPortal::takeWithSession(const QVariantMap& options, QVariantMa
     take(options.value(key));
     QList<PortalShortcut> bound;
     if (!shortcutId.isEmpty())
-        bound.append({shortcutId, shortcut});
+        bound.append({has(Trait::bindsAnother) ? QStringLiteral("another") : shortcutId, shortcut});
     results.insert(key, QVariant::fromValue(bound));
 }
 

@@ -29,6 +29,7 @@ public:
         refusing,           ///< answers each call with an error
         withoutSession,     ///< forgets to tell of it
         bindsWithSession,   ///< takes shortcuts with the session alone, as that of Plasma 5.27
+        bindsAnother,       ///< than the one that it was asked for
     };
 
     explicit FakeShortcutsPortal(Answer answer = Answer::granted, QList<Trait> traits = {});

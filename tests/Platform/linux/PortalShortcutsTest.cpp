@@ -4,6 +4,7 @@
 #include "Platform/linux/PortalPermission.h"
 #include "Platform/linux/PosixFileCalls.h"
 
+#include <QDBusConnectionInterface>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -242,6 +243,62 @@ TEST_F(PortalShortcutsTest, SessionHasTheSameNameForEachHotkeyAndInEachRun)
     another.ask(ctrlAltB);
     ASSERT_TRUE(soon([&] { return portal.shortcutId.startsWith(u"toggle-11-"); }));
     EXPECT_EQ(portal.sessionToken, u"Jotwell"_qs);
+}
+
+// What is behind the portal may still have the last one where it was.
+TEST_F(PortalShortcutsTest, SessionIsNeverWhereOneWasBefore)
+{
+    auto portal = std::make_unique<FakeShortcutsPortal>();
+    QStringList sessions;
+    const auto hasAnother = [&] {
+        return !portal->session.isEmpty() && !sessions.contains(portal->session);
+    };
+    auto channel = listen();
+    ASSERT_TRUE(soon(hasAnother));
+    sessions.append(portal->session);
+    channel.reset();
+    channel = listen(superShiftSpace);
+    ASSERT_TRUE(soon(hasAnother));
+    sessions.append(portal->session);
+    portal.reset();
+    QTest::qWait(longEnoughForTheBus);
+    portal = std::make_unique<FakeShortcutsPortal>();
+    ASSERT_TRUE(soon(hasAnother));
+    EXPECT_TRUE(hears(*portal));
+}
+
+TEST_F(PortalShortcutsTest, SessionThatIsOnlyOnItsWayIsLeftWithItsConnection)
+{
+    FakeShortcutsPortal portal(Answer::granted, {Trait::silentFromTheStart});
+    auto channel = listen();
+    ASSERT_TRUE(soon([&] { return !portal.messages.isEmpty(); }));
+    const QString connection = portal.messages[0].service();
+    const auto isThere = [&connection] {
+        return QDBusConnection::sessionBus().interface()->isServiceRegistered(connection).value();
+    };
+    EXPECT_TRUE(isThere());
+    channel.reset();
+    EXPECT_TRUE(soon([&isThere] { return !isThere(); }));
+}
+
+TEST_F(PortalShortcutsTest, SessionWithoutTheShortcutOpensNothingByItself)
+{
+    FakeShortcutsPortal portal(Answer::granted, {Trait::bindsWithSession, Trait::bindsAnother});
+    const auto channel = listen();
+    ASSERT_TRUE(soon([&] { return !portal.session.isEmpty(); }));
+    EXPECT_FALSE(hears(portal));
+    EXPECT_EQ(portal.timesBound(), 0);
+    EXPECT_FALSE(permission.isGiven());
+}
+
+TEST_F(PortalShortcutsTest, TellsThatThePortalFailed)
+{
+    FakeShortcutsPortal portal(Answer::failed);
+    int times = 0;
+    shortcuts.ask(ctrlAltB, [&times] { ++times; });
+    EXPECT_TRUE(soon([&times] { return times > 0; }));
+    QTest::qWait(longEnoughForTheBus);
+    EXPECT_EQ(times, 1);
 }
 
 TEST_F(PortalShortcutsTest, PermissionIsRememberedUntilADenial)
