@@ -7,6 +7,7 @@
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTimer>
 
 #include <utility>
@@ -20,7 +21,13 @@ using namespace std::chrono_literals;
 const QString service = QStringLiteral("org.freedesktop.systemd1");
 const QString path = QStringLiteral("/org/freedesktop/systemd1");
 const QString interface = QStringLiteral("org.freedesktop.systemd1.Manager");
+const QString jobRemovedSignal = QStringLiteral("JobRemoved");
+const char* const jobRemovedSlot = SLOT(jobRemoved(uint, QDBusObjectPath, QString, QString));
 constexpr auto patience = 1s;
+
+// As portals read it: some desktops put their own name before the program's.
+const QRegularExpression named(QStringLiteral(R"(/app-(?:[[:alnum:]]+-)?com\.jotwell\.Jotwell)"
+                                              R"((?:[@-][[:alnum:]]*)?\.(?:scope|service)\b)"));
 
 QString scopeName()
 {
@@ -46,21 +53,20 @@ void ApplicationScope::enter(std::function<void()> entered)
         finish();
 }
 
-// Units of applications are named so; what isn't below a service manager of the user has none.
+// What isn't below the user's part of the system has no manager that could name it.
 bool ApplicationScope::isNeeded() const
 {
     QFile file(m_unitsFile);
     if (!file.open(QIODevice::ReadOnly))
         return false;
-    const QByteArray units = file.readAll();
-    return units.contains("/user.slice/") && !units.contains("app-com.jotwell.Jotwell");
+    const auto units = QString::fromUtf8(file.readAll());
+    return units.contains(u"/user.slice/") && !named.match(units).hasMatch();
 }
 
 // The process has been moved when the job has gone, not yet with the reply.
 void ApplicationScope::askForUnit()
 {
-    m_bus.connect(service, path, interface, QStringLiteral("JobRemoved"), this,
-                  SLOT(jobRemoved(uint, QDBusObjectPath, QString, QString)));
+    m_bus.connect(service, path, interface, jobRemovedSignal, this, jobRemovedSlot);
     auto call = QDBusMessage::createMethodCall(service, path, interface,
                                                QStringLiteral("StartTransientUnit"));
     call.setAutoStartService(false);
@@ -80,8 +86,10 @@ void ApplicationScope::jobRemoved(uint, const QDBusObjectPath&, const QString& u
         finish();
 }
 
+// Where somebody else listens, the manager tells everybody of each job that there is.
 void ApplicationScope::finish()
 {
+    m_bus.disconnect(service, path, interface, jobRemovedSignal, this, jobRemovedSlot);
     if (const auto entered = std::exchange(m_entered, {}))
         entered();
 }

@@ -52,6 +52,7 @@ QVariantList scopeOf(const QString& name, uint process)
     const QList<UnitProperty> properties{
         property("Description", QStringLiteral("Jotwell")),
         property("Slice", QStringLiteral("app.slice")),
+        property("CollectMode", QStringLiteral("inactive-or-failed")), // failures don't pile up
         property("PIDs", QVariant::fromValue(QList<uint>{process}))};
     return {name, QStringLiteral("fail"), QVariant::fromValue(properties),
             QVariant::fromValue(QList<AuxiliaryUnit>())};

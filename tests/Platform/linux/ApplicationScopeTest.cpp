@@ -7,6 +7,7 @@
 #include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
+#include <QDBusReply>
 #include <QDBusVirtualObject>
 #include <QElapsedTimer>
 #include <QFile>
@@ -52,13 +53,13 @@ public:
         return true;
     }
 
-    /// The job of a unit is done.
-    void finish(const QString& unit)
+    /// The job of a unit has gone, which everybody who listens is told.
+    void finish(const QString& unit, const QString& result = QStringLiteral("done"))
     {
         auto signal = QDBusMessage::createSignal(managerPath,
                                                  QStringLiteral("org.freedesktop.systemd1.Manager"),
                                                  QStringLiteral("JobRemoved"));
-        signal.setArguments({7U, QVariant::fromValue(job()), unit, QStringLiteral("done")});
+        signal.setArguments({7U, QVariant::fromValue(job()), unit, result});
         m_bus.send(signal);
     }
 
@@ -95,6 +96,18 @@ protected:
         return QTest::qWaitFor([this] { return entered > 0; }, 3000);
     }
 
+    /// How many kinds of messages the bus brings to the process unasked.
+    [[nodiscard]] static uint matchRules()
+    {
+        auto call = QDBusMessage::createMethodCall(
+            u"org.freedesktop.DBus"_qs, u"/org/freedesktop/DBus"_qs,
+            u"org.freedesktop.DBus.Debug.Stats"_qs, u"GetConnectionStats"_qs);
+        call.setArguments({QDBusConnection::sessionBus().baseService()});
+        const QDBusReply<QVariantMap> reply = QDBusConnection::sessionBus().call(call);
+        EXPECT_TRUE(reply.isValid()) << reply.error().message().toStdString();
+        return reply.value().value(u"MatchRules"_qs).toUInt();
+    }
+
     QTemporaryDir m_folder;
     const QString unit =
         QStringLiteral("app-com.jotwell.Jotwell-%1.scope").arg(QCoreApplication::applicationPid());
@@ -114,9 +127,11 @@ TEST_F(ApplicationScopeTest, AsksForAUnitOfTheProgramsNameAroundThisProcess)
     EXPECT_EQ(call.signature(), u"ssa(sv)a(sa(sv))"_qs);
     EXPECT_EQ(call.arguments()[0], unit);
     const auto properties = qdbus_cast<QList<UnitProperty>>(call.arguments()[2]);
-    ASSERT_EQ(properties.size(), 3);
-    EXPECT_EQ(properties[2].name, u"PIDs"_qs);
-    EXPECT_EQ(qdbus_cast<QList<uint>>(properties[2].value.variant()),
+    ASSERT_EQ(properties.size(), 4);
+    EXPECT_EQ(properties[2].name, u"CollectMode"_qs);
+    EXPECT_EQ(properties[2].value.variant(), u"inactive-or-failed"_qs);
+    EXPECT_EQ(properties[3].name, u"PIDs"_qs);
+    EXPECT_EQ(qdbus_cast<QList<uint>>(properties[3].value.variant()),
               QList{static_cast<uint>(QCoreApplication::applicationPid())});
 }
 
@@ -133,6 +148,31 @@ TEST_F(ApplicationScopeTest, GoesOnWhenTheProcessHasBeenMovedAndNotBefore)
     manager.finish(unit);
     QTest::qWait(longEnoughForTheBus);
     EXPECT_EQ(entered, 1);
+}
+
+// A manager that may not move the process takes the job all the same.
+TEST_F(ApplicationScopeTest, FailedJobIsNotWaitedOut)
+{
+    FakeServiceManager manager(FakeServiceManager::Answer::taken);
+    QElapsedTimer time;
+    time.start();
+    enter();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !manager.calls.isEmpty(); }, 3000));
+    manager.finish(unit, u"failed"_qs);
+    EXPECT_TRUE(entersSoon());
+    EXPECT_LT(time.elapsed(), 800);
+}
+
+TEST_F(ApplicationScopeTest, IsNotWokenByTheJobsOfOthersAfterwards)
+{
+    FakeServiceManager manager(FakeServiceManager::Answer::taken);
+    const uint before = matchRules();
+    enter();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !manager.calls.isEmpty(); }, 3000));
+    EXPECT_GT(matchRules(), before);
+    manager.finish(unit);
+    EXPECT_TRUE(entersSoon());
+    EXPECT_EQ(matchRules(), before);
 }
 
 TEST_F(ApplicationScopeTest, RefusalIsNotWaitedOut)
@@ -166,11 +206,32 @@ TEST_F(ApplicationScopeTest, WithoutAManagerItGoesOn)
 TEST_F(ApplicationScopeTest, ProcessThatHasTheNameKeepsItsUnit)
 {
     const FakeServiceManager manager(FakeServiceManager::Answer::taken);
-    writeUnits("app.slice/app-com.jotwell.Jotwell@autostart.service");
-    enter();
-    EXPECT_EQ(entered, 1);
+    for (const auto* named :
+         {"app-com.jotwell.Jotwell@autostart.service", "app-com.jotwell.Jotwell-autostart.service",
+          "app-com.jotwell.Jotwell@0f1e2d.service", "app-com.jotwell.Jotwell-98.scope",
+          "app-com.jotwell.Jotwell.service", "app-gnome-com.jotwell.Jotwell-123.scope"}) {
+        writeUnits(QByteArray("app.slice/") + named);
+        entered = 0;
+        enter();
+        EXPECT_EQ(entered, 1) << named;
+    }
     QTest::qWait(longEnoughForTheBus);
     EXPECT_TRUE(manager.calls.isEmpty());
+}
+
+TEST_F(ApplicationScopeTest, NameThatIsOnlyPartOfTheUnitsIsNotTheProgramsOwn)
+{
+    const FakeServiceManager manager(FakeServiceManager::Answer::refused);
+    qsizetype asked = 0;
+    for (const auto* named : {"app-com.jotwell.JotwellBeta-1.scope", "com.jotwell.Jotwell.service",
+                              "app-com.jotwell.Jotwell.slice/terminal.scope",
+                              "app-org.example.com.jotwell.Jotwell-1.scope"}) {
+        writeUnits(QByteArray("app.slice/") + named);
+        entered = 0;
+        enter();
+        EXPECT_TRUE(entersSoon());
+        EXPECT_EQ(manager.calls.size(), ++asked) << named;
+    }
 }
 
 TEST_F(ApplicationScopeTest, ProcessOutsideOfUnitsIsLeftAlone)
