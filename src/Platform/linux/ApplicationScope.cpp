@@ -8,7 +8,6 @@
 #include <QDBusPendingCallWatcher>
 #include <QFile>
 #include <QRegularExpression>
-#include <QTimer>
 
 #include <utility>
 
@@ -16,14 +15,11 @@ namespace jotwell {
 
 namespace {
 
-using namespace std::chrono_literals;
-
 const QString service = QStringLiteral("org.freedesktop.systemd1");
 const QString path = QStringLiteral("/org/freedesktop/systemd1");
 const QString interface = QStringLiteral("org.freedesktop.systemd1.Manager");
 const QString jobRemovedSignal = QStringLiteral("JobRemoved");
 const char* const jobRemovedSlot = SLOT(jobRemoved(uint, QDBusObjectPath, QString, QString));
-constexpr auto patience = 1s;
 
 // As portals read it: some desktops put their own name before the program's.
 const QRegularExpression named(QStringLiteral(R"(/app-(?:[[:alnum:]]+-)?com\.jotwell\.Jotwell)"
@@ -37,16 +33,22 @@ QString scopeName()
 
 } // namespace
 
-ApplicationScope::ApplicationScope(const QDBusConnection& bus, QString unitsFile)
-    : m_bus(bus), m_unitsFile(std::move(unitsFile))
+ApplicationScope::ApplicationScope(const QDBusConnection& bus, const Conditions& conditions)
+    : m_bus(bus), m_unitsFile(conditions.unitsFile)
 {
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(conditions.patience);
+    connect(&m_patience, &QTimer::timeout, this, &ApplicationScope::finish);
     registerTransientUnit();
     qRegisterMetaType<QDBusObjectPath>(); // slots are found by the names of known types
 }
 
 void ApplicationScope::enter(std::function<void()> entered)
 {
+    const bool isUnderWay = static_cast<bool>(m_entered);
     m_entered = std::move(entered);
+    if (isUnderWay)
+        return;
     if (isNeeded())
         askForUnit();
     else
@@ -77,7 +79,7 @@ void ApplicationScope::askForUnit()
         if (watcher->isError())
             finish();
     });
-    QTimer::singleShot(patience, this, &ApplicationScope::finish);
+    m_patience.start();
 }
 
 void ApplicationScope::jobRemoved(uint, const QDBusObjectPath&, const QString& unit, const QString&)
@@ -89,6 +91,7 @@ void ApplicationScope::jobRemoved(uint, const QDBusObjectPath&, const QString& u
 // Where somebody else listens, the manager tells everybody of each job that there is.
 void ApplicationScope::finish()
 {
+    m_patience.stop();
     m_bus.disconnect(service, path, interface, jobRemovedSignal, this, jobRemovedSlot);
     if (const auto entered = std::exchange(m_entered, {}))
         entered();

@@ -2,7 +2,9 @@
 
 #include <QDBusConnection>
 #include <QObject>
+#include <QTimer>
 
+#include <chrono>
 #include <functional>
 
 class QDBusObjectPath;
@@ -16,12 +18,16 @@ class ApplicationScope : public QObject {
     Q_OBJECT
 
 public:
-    /// `unitsFile` is where the system says which units the process is in.
-    explicit ApplicationScope(const QDBusConnection& bus,
-                              QString unitsFile = QStringLiteral("/proc/self/cgroup"));
+    /// Where the system says which units a process is in, and how long a manager is waited for.
+    struct Conditions {
+        QString unitsFile = QStringLiteral("/proc/self/cgroup");
+        std::chrono::milliseconds patience = std::chrono::seconds(1);
+    };
+
+    ApplicationScope(const QDBusConnection& bus, const Conditions& conditions);
 
     /// Calls `entered` once: at once if the process has the name or nobody can give it one, and
-    /// after a second at the latest.
+    /// when patience ends at the latest. Asked anew meanwhile, it only calls the later one.
     void enter(std::function<void()> entered);
 
 private:
@@ -31,6 +37,7 @@ private:
 
     QDBusConnection m_bus;
     const QString m_unitsFile;
+    QTimer m_patience;
     std::function<void()> m_entered;
 
 private slots:

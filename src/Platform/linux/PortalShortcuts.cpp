@@ -53,8 +53,9 @@ private:
     const QPointer<PortalShortcuts> m_shortcuts;
 };
 
-PortalShortcuts::PortalShortcuts(PortalPermission& permission)
-    : m_permission(permission), m_bus(newConnection()), m_portal(QString()), m_scope(m_bus)
+PortalShortcuts::PortalShortcuts(PortalPermission& permission,
+                                 const ApplicationScope::Conditions& scope)
+    : m_permission(permission), m_bus(newConnection()), m_portal(QString()), m_scope(m_bus, scope)
 {
     registerPortalShortcut();
     qRegisterMetaType<QDBusObjectPath>(); // slots are found by the names of known types

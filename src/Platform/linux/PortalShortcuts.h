@@ -24,7 +24,8 @@ class PortalShortcuts : public QObject {
     Q_OBJECT
 
 public:
-    explicit PortalShortcuts(PortalPermission& permission);
+    explicit PortalShortcuts(PortalPermission& permission,
+                             const ApplicationScope::Conditions& scope = {});
     ~PortalShortcuts() override;
 
     /// Asks the user, unless the desktop has given us this shortcut already. Calls `cannotAsk` once

@@ -1,5 +1,6 @@
 #include "Platform/linux/PortalShortcuts.h"
 
+#include "Platform/linux/FakeServiceManager.h"
 #include "Platform/linux/FakeShortcutsPortal.h"
 #include "Platform/linux/PortalPermission.h"
 #include "Platform/linux/PosixFileCalls.h"
@@ -21,6 +22,8 @@ using Answer = FakeShortcutsPortal::Answer;
 using Trait = FakeShortcutsPortal::Trait;
 
 namespace {
+
+using namespace std::chrono_literals;
 
 constexpr Hotkey ctrlAltB{11, 0x180000};
 constexpr Hotkey superShiftSpace{49, 0x60000};
@@ -79,6 +82,32 @@ TEST_F(PortalShortcutsTest, IntroducesTheProgramThenAsksForTheShortcut)
     EXPECT_EQ(portal.shortcut, (QVariantMap{{u"description"_qs, u"Show or hide Jotwell"_qs},
                                             {u"preferred_trigger"_qs, u"CTRL+ALT+b"_qs}}));
     EXPECT_EQ(portal.messages[2].signature(), u"oa(sa{sv})sa{sv}"_qs);
+}
+
+TEST_F(PortalShortcutsTest, PortalHearsNothingBeforeTheProgramHasItsName)
+{
+    QFile units(m_folder.filePath(u"cgroup"_qs));
+    ASSERT_TRUE(units.open(QIODevice::WriteOnly));
+    units.write("0::/user.slice/user-1000.slice/session-2.scope\n");
+    units.close();
+    FakeServiceManager manager(FakeServiceManager::Answer::taken);
+    FakeShortcutsPortal portal;
+    PortalShortcuts named(permission, {units.fileName(), 1h});
+    auto channel = named.listen(ctrlAltB, [](const KeyEvent&) {});
+    ASSERT_TRUE(soon([&] { return !manager.calls.isEmpty(); }));
+    QTest::qWait(longEnoughForTheBus);
+    EXPECT_THAT(portal.calls, IsEmpty());
+    const QString scope = manager.calls[0].arguments()[0].toString();
+    manager.finish(scope);
+    EXPECT_TRUE(isGivenSoon());
+    channel.reset();
+    QTest::qWait(longEnoughForTheBus);
+    portal.calls.clear();
+    channel = named.listen(superShiftSpace, [](const KeyEvent&) {});
+    channel.reset(); // the name comes too late to be of use
+    manager.finish(scope);
+    QTest::qWait(longEnoughForTheBus);
+    EXPECT_THAT(portal.calls, IsEmpty());
 }
 
 TEST_F(PortalShortcutsTest, TellsOfAPressAsOfTheHotkeyItself)
