@@ -77,13 +77,11 @@ bool hasLetGo(QThreadPool& pool)
 }
 
 // What the windows have set at their end is on its way to the disk, which may not answer.
-bool areSettingsStored(const Platform& platform)
+bool isStored(DefaultsStore& defaults, QThreadPool& pool)
 {
     constexpr int milliseconds = 10'000;
-    DefaultsStore& defaults = platform.defaults;
-    static_cast<void>(
-        startInBackground(platform.background, [&defaults] { defaults.synchronize(); }));
-    return platform.background.waitForDone(milliseconds);
+    static_cast<void>(startInBackground(pool, [&defaults] { defaults.synchronize(); }));
+    return pool.waitForDone(milliseconds);
 }
 
 // The application itself: everything that the services and the delegate stand on, in the order in
@@ -110,7 +108,8 @@ int run(InstanceDoor& door)
     }
     // Work that still hangs by now has had its time, and its thread can't be waited for. The index
     // is made anew at the next start: it only has to let go.
-    if (!areSettingsStored(platform))
+    QThreadPool storing;
+    if (!isStored(platform.defaults, storing) || !platform.background.waitForDone(0))
         std::_Exit(status);
     releaseSharedServices();
     platform.bulk.clear();
