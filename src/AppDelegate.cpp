@@ -129,7 +129,8 @@ void AppDelegate::setupFloatingWindow()
 {
     m_floatingWindowView = std::make_unique<FloatingWindowView>(InputServices::shared(m_scheduler),
                                                                 ToastManager::shared());
-    m_floatingWindow = std::make_unique<FloatingWindow>(*m_floatingWindowView, m_desktop.windows);
+    m_floatingWindow =
+        std::make_unique<FloatingWindow>(*m_floatingWindowView, m_scheduler, m_desktop.windows);
     connect(m_floatingWindowView.get(), &FloatingWindowView::toggleRequested, this,
             &AppDelegate::hideFloatingWindow);
     setupLocalKeyMonitor();
@@ -181,7 +182,7 @@ void AppDelegate::showOnboarding()
     m_onboardingWindow = std::make_unique<SecondaryWindow>(
         SecondaryWindow::Looks{QStringLiteral("Welcome to Jotwell"), size, size,
                                QStringLiteral("Onboarding/OnboardingView.qml")},
-        std::move(view), m_desktop.windows);
+        std::move(view), m_scheduler, m_desktop.windows);
     connect(onboarding, &OnboardingView::dismissed, m_onboardingWindow.get(), &QWindow::close);
     connect(m_onboardingWindow.get(), &SecondaryWindow::willClose, this,
             &AppDelegate::onboardingWillClose);

@@ -4,6 +4,7 @@
 #include "Views/FloatingWindowView.h"
 #include "Views/LocalKeyMonitor.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -141,6 +142,19 @@ TEST_F(AppDelegateToggleTest, WindowThatHasNotGotTheKeyboardYetIsHidden)
     EXPECT_FALSE(isWindowShown());
 }
 
+TEST_F(AppDelegateToggleTest, WindowThatNeverGetsTheKeyboardIsBroughtToTheFrontRatherThanHidden)
+{
+    launch();
+    delegate->toggleFloatingWindow();
+    turn();
+    fake.scheduler.advance(1s);
+    desktop.windows.coversWindows = true;
+    delegate->toggleFloatingWindow();
+    turn();
+    EXPECT_TRUE(isWindowShown());
+    EXPECT_FALSE(desktop.windows.coversWindows);
+}
+
 TEST_F(AppDelegateToggleTest, DoorTogglesWhenItIsKnockedAtAndByAction)
 {
     launch();
@@ -178,6 +192,17 @@ TEST_F(AppDelegateToggleTest, DoorBringsTheWelcomeToTheFrontAsLongAsItIsOpen)
     desktop.door.activate();
     turn();
     EXPECT_TRUE(isWindowShown());
+}
+
+TEST_F(AppDelegateToggleTest, DoorDoesNotShowTheWelcomeAnewThatHasJustCome)
+{
+    settings().setOnboardingCompleted(false);
+    launch();
+    desktop.windows.coversWindows = true;
+    const QSignalSpy changes(windowCalled("Welcome to Jotwell"), &QWindow::visibleChanged);
+    desktop.door.activate();
+    turn();
+    EXPECT_TRUE(changes.isEmpty());
 }
 
 TEST_F(AppDelegateToggleTest, PlainClickOnTheStatusItemToggles)

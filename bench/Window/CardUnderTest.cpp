@@ -76,7 +76,8 @@ CardUnderTest::CardUnderTest(int& argc, char** argv, int folders)
     SettingsService::shared().setObsidianTemplates(templates());
     m_view = std::make_unique<FloatingWindowView>(
         InputServices::shared(m_native.platform().scheduler), ToastManager::shared());
-    m_window = std::make_unique<FloatingWindow>(*m_view, *m_windowSystem);
+    m_window =
+        std::make_unique<FloatingWindow>(*m_view, m_native.platform().scheduler, *m_windowSystem);
 }
 
 CardUnderTest::~CardUnderTest()

@@ -13,8 +13,9 @@
 
 namespace jotwell {
 
-FloatingWindow::FloatingWindow(FloatingWindowView& view, WindowSystem& windowSystem)
-    : m_view(view), m_windowSystem(windowSystem)
+FloatingWindow::FloatingWindow(FloatingWindowView& view, Scheduler& scheduler,
+                               WindowSystem& windowSystem)
+    : m_view(view), m_windowSystem(windowSystem), m_foreground(*this, scheduler, windowSystem)
 {
     setTitle(QStringLiteral("Jotwell"));
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
@@ -99,16 +100,12 @@ bool FloatingWindow::isOnScreen() const
 
 bool FloatingWindow::isInFront() const
 {
-    return isOnScreen() && (!m_hadKeyboard || m_windowSystem.isInFront(this));
+    return isOnScreen() && m_foreground.isInFront();
 }
 
 void FloatingWindow::makeKeyAndOrderFront()
 {
-    // Only restored: hidden and shown at once, it is lost by a window manager that is still at work
-    // on the first of it.
-    setWindowStates(windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
-    if (!m_windowSystem.isInFront(this))
-        hide();
+    m_foreground.prepare();
     // A window manager forgets these when it takes a window off the screen.
     m_windowSystem.makeAccessory(this);
     updateShape();
@@ -140,18 +137,6 @@ void FloatingWindow::exposeEvent(QExposeEvent* event)
         return;
     m_shape.reset();
     updateShape();
-}
-
-void FloatingWindow::focusInEvent(QFocusEvent* event)
-{
-    QQuickView::focusInEvent(event);
-    m_hadKeyboard = true;
-}
-
-void FloatingWindow::showEvent(QShowEvent* event)
-{
-    m_hadKeyboard = false;
-    QQuickView::showEvent(event);
 }
 
 void FloatingWindow::closeEvent(QCloseEvent* event)

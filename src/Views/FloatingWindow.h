@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/WindowSystem.h"
+#include "Views/Foreground.h"
 
 #include <QPointer>
 #include <QQuickItem>
@@ -11,6 +12,7 @@
 namespace jotwell {
 
 class FloatingWindowView;
+class Scheduler;
 
 /// The borderless window around the capture card. It can take the keyboard, stays above other
 /// windows, takes clicks only on the card, and is only ever hidden. Main thread.
@@ -20,8 +22,8 @@ class FloatingWindow : public QQuickView {
 public:
     static constexpr QSize contentSize{860, 600};
 
-    /// Shows `view`, which must outlive the window, as must `windowSystem`.
-    FloatingWindow(FloatingWindowView& view, WindowSystem& windowSystem);
+    /// Shows `view`, which must outlive the window, as must the others.
+    FloatingWindow(FloatingWindowView& view, Scheduler& scheduler, WindowSystem& windowSystem);
     ~FloatingWindow() override;
 
     /// Neither hidden nor put away by a window manager.
@@ -37,8 +39,6 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void exposeEvent(QExposeEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
 private:
     void load();
@@ -49,11 +49,11 @@ private:
 
     FloatingWindowView& m_view;
     WindowSystem& m_windowSystem;
+    Foreground m_foreground;
     QPointer<QQuickItem> m_card;
     QMetaObject::Connection m_screenConnection;
     std::optional<WindowShape> m_shape; ///< that the window system has been told
     bool m_wasExposed = false;
-    bool m_hadKeyboard = false; ///< since it was shown
     bool m_hasAppeared = false;
 };
 

@@ -12,8 +12,9 @@
 namespace jotwell {
 
 SecondaryWindow::SecondaryWindow(const Looks& looks, std::unique_ptr<QObject> view,
-                                 WindowSystem& windowSystem)
-    : m_windowSystem(windowSystem), m_view(std::move(view))
+                                 Scheduler& scheduler, WindowSystem& windowSystem)
+    : m_windowSystem(windowSystem), m_foreground(*this, scheduler, windowSystem),
+      m_view(std::move(view))
 {
     setTitle(looks.title);
     setResizeMode(SizeRootObjectToView);
@@ -50,9 +51,7 @@ void SecondaryWindow::centre(QSize size)
 // Shown plainly, a window that fills the screen would shrink.
 void SecondaryWindow::makeKeyAndOrderFront()
 {
-    setWindowStates(windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
-    if (!m_windowSystem.isInFront(this))
-        setVisible(false);
+    m_foreground.prepare();
     setVisible(true);
     m_windowSystem.activate(this);
 }

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "Views/Foreground.h"
+
 #include <QQuickView>
 
 #include <memory>
 
 namespace jotwell {
 
+class Scheduler;
 class WindowSystem;
 
 /// A window beside the capture window, as other programs have them: made on demand, and destroyed
@@ -22,7 +25,8 @@ public:
     };
 
     /// Shows `view`, which goes with the window. Stands in the middle of the main screen.
-    SecondaryWindow(const Looks& looks, std::unique_ptr<QObject> view, WindowSystem& windowSystem);
+    SecondaryWindow(const Looks& looks, std::unique_ptr<QObject> view, Scheduler& scheduler,
+                    WindowSystem& windowSystem);
     ~SecondaryWindow() override;
 
     /// Shows the window in front of all others, also from an icon, and gives it the keyboard.
@@ -39,6 +43,7 @@ private:
     void centre(QSize size);
 
     WindowSystem& m_windowSystem;
+    Foreground m_foreground;
     std::unique_ptr<QObject> m_view;
     bool m_isClosed = false;
 };

@@ -88,7 +88,7 @@ int main(int argc, char** argv)
     OnboardingView& view = *owned;
     SecondaryWindow window({QStringLiteral("Welcome to Jotwell"), size, size,
                             QStringLiteral("Onboarding/OnboardingView.qml")},
-                           std::move(owned), windowSystem);
+                           std::move(owned), welcome.bench.fake.scheduler, windowSystem);
     window.makeKeyAndOrderFront();
     welcome.bring(view, gallery.value("step").toInt(), gallery.value("state"));
     QTimer::singleShot(untilTheKeyboardIsThere, &window,

@@ -35,7 +35,7 @@ protected:
 
     ViewBench bench;
     FakeWindowSystem windowSystem;
-    FloatingWindow window{bench.floatingWindowView, windowSystem};
+    FloatingWindow window{bench.floatingWindowView, bench.fake.scheduler, windowSystem};
 };
 
 } // namespace
@@ -95,6 +95,27 @@ TEST_F(FloatingWindowTest, ComesUpAnewWhereItCannotBeRaised)
     const QSignalSpy visible(&window, &QWindow::visibleChanged);
     window.makeKeyAndOrderFront();
     EXPECT_EQ(visible.count(), 2);
+    EXPECT_TRUE(window.isInFront());
+}
+
+TEST_F(FloatingWindowTest, IsOnItsWayToTheFrontOnlyForAShortWhile)
+{
+    window.makeKeyAndOrderFront();
+    windowSystem.coversWindows = true;
+    bench.advance(999);
+    EXPECT_TRUE(window.isInFront());
+    bench.advance(1);
+    EXPECT_FALSE(window.isInFront()) << "the keyboard may never come";
+}
+
+TEST_F(FloatingWindowTest, IsOnItsWayToTheFrontAnewAtEachShowing)
+{
+    window.makeKeyAndOrderFront();
+    bench.advance(900);
+    window.hide();
+    window.makeKeyAndOrderFront();
+    windowSystem.coversWindows = true;
+    bench.advance(900);
     EXPECT_TRUE(window.isInFront());
 }
 
@@ -189,7 +210,7 @@ TEST_F(FloatingWindowTest, LookFollowsACompositorThatCameWhileHidden)
 TEST_F(FloatingWindowTest, CompositorMayComeWhenTheWindowHasGone)
 {
     {
-        FloatingWindow other(bench.floatingWindowView, windowSystem);
+        FloatingWindow other(bench.floatingWindowView, bench.fake.scheduler, windowSystem);
     }
     windowSystem.setCompositing(false);
     EXPECT_EQ(windowSystem.shapes, 0);

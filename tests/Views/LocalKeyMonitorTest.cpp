@@ -34,7 +34,7 @@ protected:
 
     ViewBench bench;
     FakeWindowSystem windowSystem;
-    FloatingWindow window{bench.floatingWindowView, windowSystem};
+    FloatingWindow window{bench.floatingWindowView, bench.fake.scheduler, windowSystem};
     QWindow other;
     LocalKeyMonitor monitor{bench.settings, bench.fake.scheduler, windowSystem};
     QSignalSpy hides{&monitor, &LocalKeyMonitor::hideRequested};

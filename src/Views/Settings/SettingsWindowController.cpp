@@ -41,7 +41,8 @@ void SettingsWindowController::open(const QString& tab)
             &SettingsWindowController::globalHotkeyChanged);
     const SecondaryWindow::Looks looks{QStringLiteral("Settings"), contentSize, leastSize,
                                        QStringLiteral("Settings/SimpleSettingsView.qml")};
-    m_window = std::make_unique<SecondaryWindow>(looks, std::move(view), m_windowSystem);
+    m_window = std::make_unique<SecondaryWindow>(looks, std::move(view), m_services.scheduler,
+                                                 m_windowSystem);
     connect(m_window.get(), &SecondaryWindow::willClose, this,
             &SettingsWindowController::windowWillClose);
 }

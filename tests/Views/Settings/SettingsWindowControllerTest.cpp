@@ -27,6 +27,14 @@ protected:
         controller.showSettingsWithTab(tab);
         ASSERT_TRUE(QTest::qWaitForWindowActive(controller.settingsWindow()));
     }
+    /// How often it goes or comes when it is wished for behind another program's window.
+    qsizetype showingsWhileCovered()
+    {
+        bench.windowSystem.coversWindows = true;
+        const QSignalSpy changes(controller.settingsWindow(), &QWindow::visibleChanged);
+        controller.showSettingsWithTab(globalHotkey);
+        return changes.count();
+    }
     SimpleSettingsView& view() { return *controller.view(); }
     QQuickItem* item(const char* name)
     {
@@ -84,6 +92,43 @@ TEST_F(SettingsWindowControllerTest, OpenWindowTakesTheKeyboardBack)
     ASSERT_TRUE(QTest::qWaitForWindowActive(&another));
     show(globalHotkey);
     EXPECT_EQ(QGuiApplication::focusWindow(), controller.settingsWindow());
+}
+
+TEST_F(SettingsWindowControllerTest, ComesUpAnewWhereItCannotBeRaised)
+{
+    show(globalHotkey);
+    EXPECT_EQ(showingsWhileCovered(), 2);
+}
+
+TEST_F(SettingsWindowControllerTest, DoesNotComeUpAnewBeforeItMayHaveTheKeyboard)
+{
+    controller.showSettingsWithTab(globalHotkey);
+    EXPECT_EQ(showingsWhileCovered(), 0) << "it would flicker";
+    bench.advance(1000);
+    EXPECT_EQ(showingsWhileCovered(), 2);
+}
+
+TEST_F(SettingsWindowControllerTest, DoesNotComeUpAnewWhileADialogBelongsToIt)
+{
+    show(globalHotkey);
+    QWindow dialog;
+    dialog.setTransientParent(controller.settingsWindow());
+    dialog.show();
+    EXPECT_EQ(showingsWhileCovered(), 0) << "the dialog would belong to nothing";
+    EXPECT_FALSE(bench.windowSystem.coversWindows) << "it isn't activated";
+    dialog.hide();
+    EXPECT_EQ(showingsWhileCovered(), 2);
+}
+
+TEST_F(SettingsWindowControllerTest, ComesUpAnewThoughAnotherWindowHasADialog)
+{
+    show(globalHotkey);
+    QWindow another;
+    another.show();
+    QWindow dialog;
+    dialog.setTransientParent(&another);
+    dialog.show();
+    EXPECT_EQ(showingsWhileCovered(), 2);
 }
 
 TEST_F(SettingsWindowControllerTest, ComesBackFromAnIcon)
