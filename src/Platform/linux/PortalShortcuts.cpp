@@ -79,7 +79,12 @@ void PortalShortcuts::ask(const Hotkey& hotkey, std::function<void()> cannotAsk)
 {
     if (m_state == State::bound && m_hotkey == hotkey)
         return;
-    begin(hotkey, Wish::ofUser);
+    // A session that comes late would take the shortcut away again from a second one.
+    const bool isOnItsWay = m_state == State::asking && m_session.isEmpty();
+    if (isOnItsWay && m_hotkey == hotkey)
+        m_wish = Wish::ofUser;
+    else
+        begin(hotkey, Wish::ofUser);
     m_cannotAsk = std::move(cannotAsk);
     if (m_state == State::idle)
         tellThatItCannotAsk();

@@ -310,6 +310,18 @@ TEST_F(PortalShortcutsTest, SessionThatIsOnlyOnItsWayIsLeftWithItsConnection)
     EXPECT_TRUE(soon([&isThere] { return !isThere(); }));
 }
 
+TEST_F(PortalShortcutsTest, UsersWishIsThatOfASessionOnItsWay)
+{
+    FakeShortcutsPortal portal(Answer::granted, {Trait::bindsWithSession});
+    const auto channel = listen();
+    shortcuts.ask(ctrlAltB);
+    ASSERT_TRUE(isGivenSoon());
+    EXPECT_TRUE(hears(portal));
+    EXPECT_THAT(portal.calls, ElementsAre(u"host.portal.Registry.Register"_qs,
+                                          u"portal.GlobalShortcuts.CreateSession"_qs,
+                                          u"portal.GlobalShortcuts.BindShortcuts"_qs));
+}
+
 TEST_F(PortalShortcutsTest, SessionWithoutTheShortcutOpensNothingByItself)
 {
     FakeShortcutsPortal portal(Answer::granted, {Trait::bindsWithSession, Trait::bindsAnother});
