@@ -1,4 +1,5 @@
 #include "Platform/IniDefaultsStoreFixture.h"
+#include "Services/Unprivileged.h"
 
 #include <QElapsedTimer>
 #include <QLockFile>
@@ -8,28 +9,10 @@
 #include <memory>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace jotwell {
 
 namespace {
-
-/// Makes root an ordinary user, who owns `folder`, for its life: nothing is unreadable for root.
-class Unprivileged {
-public:
-    explicit Unprivileged(const QString& folder)
-    {
-        constexpr uid_t nobody = 65534;
-        if (::getuid() != 0)
-            return;
-        EXPECT_EQ(::chown(qPrintable(QFileInfo(folder).path()), nobody, nobody), 0);
-        EXPECT_EQ(::chown(qPrintable(folder), nobody, nobody), 0);
-        EXPECT_EQ(::seteuid(nobody), 0);
-    }
-    ~Unprivileged() { EXPECT_EQ(::seteuid(::getuid()), 0); }
-    Unprivileged(const Unprivileged&) = delete;
-    Unprivileged& operator=(const Unprivileged&) = delete;
-};
 
 class IniDefaultsStoreWritingTest : public IniDefaultsStoreTest {
 protected:
@@ -79,6 +62,7 @@ TEST_F(IniDefaultsStoreWritingTest, AFileThatCannotBeReadIsNotWritten)
 {
     put("[General]\nGood=1\n");
     ASSERT_EQ(::chmod(qPrintable(path()), 0), 0);
+    ASSERT_EQ(::chmod(qPrintable(m_folder.path()), 0711), 0); // so that others come through it
     {
         const Unprivileged user(QFileInfo(path()).path());
         set(key, 2);
